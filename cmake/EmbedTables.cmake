@@ -1,0 +1,18 @@
+# Writes OUTPUT, a C++ source that holds each file of TABLES as a text. Run with cmake -P.
+set(content "// Made from the tables in delivered/; edit those.\n#include \"prices/delivered_tables.h\"\n\nnamespace norvale {\n\n")
+foreach(file IN LISTS TABLES)
+  get_filename_component(name ${file} NAME_WE)
+  file(READ ${file} text)
+  # One literal a line: compilers limit the length of a single one.
+  string(REPLACE "\\" "\\\\" text "${text}")
+  string(REPLACE "\"" "\\\"" text "${text}")
+  string(REPLACE "\t" "\\t" text "${text}")
+  string(REPLACE "\r" "" text "${text}")
+  string(REPLACE "\n" "\\n\"\n    \"" text "${text}")
+  string(SUBSTRING ${name} 0 1 first)
+  string(TOUPPER ${first} first)
+  string(SUBSTRING ${name} 1 -1 rest)
+  string(APPEND content "const std::string_view kDelivered${first}${rest} =\n    \"${text}\";\n\n")
+endforeach()
+string(APPEND content "}  // namespace norvale\n")
+file(WRITE ${OUTPUT} "${content}")

@@ -1,0 +1,69 @@
+#include "base/files.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+#include <system_error>
+
+#include "base/file_error.h"
+
+namespace norvale {
+
+namespace {
+
+std::string SystemReason(int code) { return std::generic_category().message(code); }
+
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }  // NOLINT: only ever read from
+};
+
+}  // namespace
+
+std::optional<std::string> ReadFileIfPresent(const std::filesystem::path& path) {
+  errno = 0;
+  const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.string().c_str(), "rb"));
+  if (!file) {
+    if (errno == ENOENT) return std::nullopt;
+    throw FileError(path.string(), SystemReason(errno));
+  }
+  // One byte more than fits now, so that a file that grows meanwhile is read to its end as well.
+  std::error_code unknown;
+  const auto size = std::filesystem::file_size(path, unknown);
+  std::string bytes;
+  bytes.resize(unknown || size > kLargestWholeFile ? 4096 : static_cast<std::size_t>(size) + 1);
+  std::size_t used = 0;
+  for (;;) {
+    errno = 0;
+    used += std::fread(bytes.data() + used, 1, bytes.size() - used, file.get());
+    if (std::ferror(file.get()) != 0) throw FileError(path.string(), SystemReason(errno));
+    if (used < bytes.size()) break;
+    if (used > kLargestWholeFile) throw FileError(path.string(), "the file is far too long to be one of this program's");
+    bytes.resize(bytes.size() * 2);
+  }
+  bytes.resize(used);
+  return bytes;
+}
+
+std::string ReadWholeFile(const std::filesystem::path& path) {
+  auto bytes = ReadFileIfPresent(path);
+  if (!bytes) throw FileError(path.string(), SystemReason(ENOENT));
+  return *std::move(bytes);
+}
+
+void ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string_view bytes) {
+  std::filesystem::path beside = path;
+  beside += ".new";
+  try {
+    const auto file = disk.Open(beside, Opening::Fresh);
+    file->WriteAt(0, bytes);
+    file->Sync();
+  } catch (...) {
+    disk.Remove(beside);
+    throw;
+  }
+  disk.Rename(beside, path);
+  disk.SyncFolder(path.has_parent_path() ? path.parent_path() : std::filesystem::path("."));
+}
+
+}  // namespace norvale
