@@ -1,0 +1,53 @@
+// Flooring: felt, particleboard, underlayment and oak finish flooring.
+#include "base/numbers.h"
+#include "data/plan_type.h"
+#include "takeoff/sections.h"
+
+namespace norvale {
+
+namespace {
+
+constexpr std::string_view kHeading = "FLOORING";
+
+// clang-format off
+
+// Under a nailed subfloor. The same board has another label where the first floor is framed too.
+void FeltAndParticleboard(TakeoffRun& run, int FloorLevels) {
+  const EstimateRecord& plan = run.plan;
+  if (FloorLevels == 1)
+    Emit(run, {.quantity = Int(plan.HeatedSqFtB / 400.0 + 0.9975), .unit = "ea.", .description = "#15 FELT ROLL", .label = "(Underlay-Floor)", .item = 82});
+  else
+    Emit(run, {.quantity = Int(plan.HeatedSqFtB / 400.0 + plan.HeatedSqFtA / 400.0 + 0.9975), .unit = "ea.", .description = "#15 FELT ROLL", .label = "(Underlay-Floor)", .item = 82});
+  if (FloorLevels == 1)
+    Emit(run, {.quantity = Rnd((plan.HeatedSqFtB - plan.Disp31) * 0.025), .unit = "pcs.", .description = "5/8-4X8 PARTICLEBOARD", .label = "(Underlay-Floor)", .item = 83});
+  else
+    Emit(run, {.quantity = Rnd((plan.HeatedSqFtB - plan.Disp31) * 0.025 + plan.HeatedSqFtA * 0.025), .unit = "pcs.", .description = "5/8-4X8 PARTICLEBOARD", .label = "(Underlayment)", .item = 83});
+}
+
+void UnderlaymentAndOak(TakeoffRun& run, int FloorLevels) {
+  const EstimateRecord& plan = run.plan;
+  if (FloorLevels == 1)
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtB * 0.0075), .unit = "pcs.", .description = "4X8 UNDERLAYMENT", .label = "(Underlayment)", .item = 83});
+  else
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtB * 0.0075 + plan.HeatedSqFtA * 0.0075), .unit = "pcs.", .description = "4X8 UNDERLAYMENT", .label = "(Underlayment)", .item = 83});
+  if (plan.Combo25Index == 1)
+    Emit(run, {.quantity = Rnd(plan.Disp31 * 1.35), .unit = "bd ft", .description = "SELECT RED OAK FLG.", .label = "(Finish Flg.)", .item = 84});
+}
+
+// clang-format on
+
+}  // namespace
+
+void PrintFlooring(TakeoffRun& run) {
+  const EstimateRecord& plan = run.plan;
+  // On a slab only the upper floor is covered, and a one-story slab has none.
+  const int FloorLevels = (plan.PlanType & kSlab) != 0 ? 1 : 2;
+  if ((run.sectionMask & kFlooring) != 0 && !(FloorLevels == 1 && plan.SecondFloorType == 1)) {
+    BeginSection(run, kHeading, 29);
+    if (plan.FloorSheathingIndex <= 2) FeltAndParticleboard(run, FloorLevels);
+    UnderlaymentAndOak(run, FloorLevels);
+  }
+  EndSection(run, kHeading);
+}
+
+}  // namespace norvale

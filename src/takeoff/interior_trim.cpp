@@ -1,0 +1,42 @@
+// Interior trim: base mould, shelving, shoe mould, closet rod and closet cleats.
+#include "base/numbers.h"
+#include "takeoff/sections.h"
+
+namespace norvale {
+
+namespace {
+
+constexpr std::string_view kHeading = "INTERIOR TRIM";
+
+// A house has a fixed length of 1X2 cleats, whatever its size. The row shows it as a text of at least two digits.
+void NarrowCleats(TakeoffRun& run) {
+  constexpr int kCleats = 93;
+  const double base = run.plan.SecondFloorType == 2 ? 64 : 44;
+  const double Feet = Int((100 + run.Percent(kCleats)) / 100 * base);
+  std::string text(1, ' ');
+  text.append(FormatNumber(Feet, {.wholeDigits = 2})).append(" Lft.");
+  PrintTextLine(run, text, {.quantity = Feet, .unit = "Lft.", .description = "1X2 #2 SPRUCE", .label = "(Closet Cleats)", .item = kCleats});
+  AdvanceLine(run);
+}
+
+}  // namespace
+
+void PrintInteriorTrim(TakeoffRun& run) {
+  const EstimateRecord& plan = run.plan;
+  if ((run.sectionMask & kInteriorTrim) != 0) {
+    BeginSection(run, kHeading, 29);
+    // clang-format off
+    Emit(run, {.quantity = Rnd(plan.ExtWallLftFirstFloor * 0.85 + plan.IntWallLftFirstFloor * 2 * 0.85), .unit = "Lft.", .description = plan.Combo12Text.Trimmed(), .label = "(1st floor)", .item = 88});
+    if (plan.SecondFloorType == 2)
+      Emit(run, {.quantity = Rnd(plan.Disp52 + plan.Disp53 + plan.ExtWallLftSecondFloor * 0.85 + plan.IntWallLftSecondFloor * 2 * 0.85), .unit = "Lft.", .description = plan.Combo31Text.Trimmed(), .label = "(Base 2fl.)", .item = 89});
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtA / 16.6 + plan.HeatedSqFtB / 16.6), .unit = "Lft.", .description = "1X12 #2 SPRUCE", .label = "(Shelving)", .item = 90});
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtA / 12.5 + plan.HeatedSqFtB / 12.5), .unit = "Lft.", .description = "FIR SHOE MOULD", .label = "(Int. Trim)", .item = 91});
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtA / 41.6 + plan.HeatedSqFtB / 41.6), .unit = "Lft.", .description = "1-3/8 FIR FULL ROUND", .label = "(Closet Rod)", .item = 92});
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtA / 50.0 + plan.HeatedSqFtB / 50.0), .unit = "Lft.", .description = "1X6 #2 SPRUCE", .label = "(Closet Cleats)", .item = 93});
+    // clang-format on
+    NarrowCleats(run);
+  }
+  EndSection(run, kHeading);
+}
+
+}  // namespace norvale

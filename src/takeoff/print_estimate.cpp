@@ -1,0 +1,81 @@
+#include "takeoff/print_estimate.h"
+
+#include "base/numbers.h"
+#include "data/plan_type.h"
+#include "takeoff/sections.h"
+
+namespace norvale {
+
+namespace {
+
+constexpr std::string_view kFinished = "FINISHED";
+
+void PrintGrandTotal(TakeoffRun& run) {
+  constexpr std::size_t kFigures = 11;
+  AdvanceLine(run);
+  run.page.Tab(20);
+  run.page.Print("GRAND TOTAL ----------------");
+  run.page.Tab(68);
+  run.page.PrintLine(RightAligned(FormatNumber(run.GrandTotal, kMoney), kFigures));
+  PrintRule(run.page);
+  run.LineCount += 2;
+  AdvanceLine(run);
+}
+
+}  // namespace
+
+TakeoffData LoadTakeoffData(const std::filesystem::path& folder, int sectionMask) {
+  TakeoffData data;
+  data.waste = LoadWasteFactors(folder);
+  data.lists = LoadMaterialRows(folder);
+  if ((sectionMask & kWithPrices) != 0) data.prices = LoadPriceList(folder);
+  return data;
+}
+
+EstimateTotals PrintEstimate(const EstimatePrint& print, const TakeoffData& data, Page& page) {
+  TakeoffRun run(print.plan, data.waste, data.lists, (print.sectionMask & kWithPrices) != 0 ? &data.prices : nullptr, print.sectionMask,
+                 page);
+  run.company = print.company;
+  run.customer = print.plan.CustomerNumber == kCompanyNumber ? print.company : print.customer;
+  run.date = print.date;
+  run.lines.reserve(128);
+
+  PrintPageHeader(run);
+  PrintSpecifications(run);
+  if ((print.sectionMask & kAllSections) != 0) {
+    page.Tab(14);
+    page.PrintLine(" ITEMIZED LIST OF LUMBER & BUILDING SUPPLY MATERIALS");
+    AdvanceLine(run);
+  }
+  PrintFirstFloorFloorSystem(run);
+  PrintFirstFloorWallSystem(run);
+  if (run.plan.SecondFloorType == 2) {
+    PrintSecondFloorFloorSystem(run);
+    PrintSecondFloorWallSystem(run);
+  }
+  PrintRoofSystem(run);
+  PrintExteriorTrim(run);
+  // The inside of a slab building is listed only where it is to be finished.
+  if (run.plan.Combo15Text.Trimmed() == kFinished || (run.plan.PlanType & kSlab) == 0) {
+    PrintFlooring(run);
+    PrintSheetrock(run);
+    PrintInteriorTrim(run);
+  }
+  if (run.GrandTotal > 0 && run.PrintPrices()) PrintGrandTotal(run);
+  PrintFootnote(run);
+  page.NewPage();
+  return {.lines = std::move(run.lines), .GrandTotal = run.GrandTotal};
+}
+
+int DefaultSections(const EstimateRecord& plan) {
+  const bool slab = (plan.PlanType & kSlab) != 0;
+  int mask = kFirstFloorWallSystem | kRoofSystem | kExteriorTrim | kSpecifications;
+  if (!slab) mask |= kFirstFloorFloorSystem;
+  if ((plan.PlanType & (kTwoLevelSlab | kTwoLevelCrawl)) != 0) mask |= kSecondFloorFloorSystem | kSecondFloorWallSystem;
+  if (slab && plan.Combo15Text.Trimmed() != kFinished) return mask;
+  mask |= kSheetrock | kInteriorTrim;
+  if (plan.SecondFloorType != 1 || (plan.PlanType & kCrawlSpace) != 0) mask |= kFlooring;
+  return mask;
+}
+
+}  // namespace norvale
