@@ -1,0 +1,16 @@
+// The commands of the tool. Each adds its words to the command line; what they do runs when they are parsed.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "tool/command.h"
+
+namespace norvale {
+
+/// `print estimate`.
+void AddPrintEstimate(CLI::App& print, const CommandContext& context);
+
+/// `export`, `import` and `new-folder`.
+void AddExchangeCommands(CLI::App& app, const CommandContext& context);
+
+}  // namespace norvale

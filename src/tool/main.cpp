@@ -1,0 +1,100 @@
+// norvale-tool: what the desktop program prints and stores, from the command line.
+#include <cerrno>
+#include <cstdio>
+#include <ctime>
+#include <exception>
+#include <system_error>
+
+#include "base/file_error.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "tool/commands.h"
+
+namespace norvale {
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kFailed = 1;
+constexpr int kWrongWords = 2;
+
+// MM-DD-YYYY of a day that exists.
+bool IsDate(const std::string& text) {
+  int month = 0;
+  int day = 0;
+  int year = 0;
+  int used = 0;
+  if (text.size() != 10 || std::sscanf(text.c_str(), "%2d-%2d-%4d%n", &month, &day, &year, &used) != 3 || used != 10) return false;
+  std::tm date{};
+  date.tm_year = year - 1900;
+  date.tm_mon = month - 1;
+  date.tm_mday = day;
+  date.tm_hour = 12;
+  std::tm made = date;
+  return year > 0 && std::mktime(&made) != -1 && made.tm_mon == date.tm_mon && made.tm_mday == day;
+}
+
+int Fail(std::string_view reason) {
+  std::fprintf(stderr, "norvale-tool: %.*s\n", static_cast<int>(reason.size()), reason.data());
+  return kFailed;
+}
+
+int Run(int argc, char** argv) {
+  CommandContext context;
+  CLI::App app("The estimates and data files of a Norvale working folder, from the command line.", "norvale-tool");
+  app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::Throw);
+  app.add_option("--folder", context.folder, "The working folder")->default_str("the current one");
+  app.add_option("--date", context.date, "MM-DD-YYYY, stands for today's date on what is printed")->check([](const std::string& text) {
+    return IsDate(text) ? std::string() : "\"" + text + "\" is no date of the form MM-DD-YYYY";
+  });
+  app.require_subcommand(1);
+  CLI::App* const print = app.add_subcommand("print", "Prints a list");
+  print->require_subcommand(1);
+  AddPrintEstimate(*print, context);
+  AddExchangeCommands(app, context);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    std::fputs(app.help().c_str(), stdout);
+    return kDone;
+  } catch (const CLI::ParseError& error) {
+    std::fprintf(stderr, "norvale-tool: %s\n%s", error.what(), app.help().c_str());
+    return kWrongWords;
+  }
+  return kDone;
+}
+
+}  // namespace
+
+std::string CommandContext::Today() const {
+  if (!date.empty()) return date;
+  const std::time_t now = std::time(nullptr);
+  char text[sizeof "MM-DD-YYYY"];
+  std::strftime(text, sizeof text, "%m-%d-%Y", std::localtime(&now));
+  return text;
+}
+
+std::string DataText(const std::string& utf8, const std::string& what) {
+  const auto text = FromUtf8(utf8);
+  if (!text) throw CommandError(what, "\"" + utf8 + "\" holds a character that the data files cannot hold");
+  return *text;
+}
+
+void Deliver(std::string_view bytes, const std::string& output) {
+  if (!output.empty()) {
+    ReplaceFile(SystemDisk(), output, bytes);
+    return;
+  }
+  const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() && std::fflush(stdout) == 0;
+  if (!written) throw FileError("standard output", std::generic_category().message(errno));
+}
+
+}  // namespace norvale
+
+int main(int argc, char** argv) {
+  try {
+    return norvale::Run(argc, argv);
+  } catch (const std::exception& error) {  // FileError, CommandError, and what no command foresaw (memory)
+    return norvale::Fail(error.what());
+  }
+}
