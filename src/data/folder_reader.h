@@ -1,0 +1,36 @@
+// Reading customers and plans of a working folder for printing and export, without taking part in its changes.
+//
+// Each call opens what it needs and closes it again. Files that are missing hold nothing. Where an operation was
+// interrupted, the first call finishes or undoes it before it reads. Every call throws FileError where a file cannot be
+// read, or where an index entry points to no record: then the error names the index and the position of the entry.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "base/disk.h"
+#include "data/customer_record.h"
+#include "data/estimate_record.h"
+
+namespace norvale {
+
+/// All plans, in the order of the index.
+std::vector<EstimateRecord> ReadAllEstimates(const std::filesystem::path& folder, Disk& disk = SystemDisk());
+
+/// All customers, in the order of the index, with the company (customer 0) first.
+std::vector<CustomerRecord> ReadAllCustomers(const std::filesystem::path& folder, Disk& disk = SystemDisk());
+
+/// The plan of that customer and plan number (Windows-1252, without its padding), the first in the index where there are
+/// several. A plan number of more than 15 characters is none that can be on file.
+std::optional<EstimateRecord> FindEstimate(const std::filesystem::path& folder, int customer, std::string_view planNumber,
+                                           Disk& disk = SystemDisk());
+
+/// All plans of a customer, in the order of the index.
+std::vector<EstimateRecord> ReadEstimatesOfCustomer(const std::filesystem::path& folder, int customer, Disk& disk = SystemDisk());
+
+/// The customer of that number, the first in the index where there are several; 0 is the company.
+std::optional<CustomerRecord> FindCustomerRecord(const std::filesystem::path& folder, int number, Disk& disk = SystemDisk());
+
+}  // namespace norvale
