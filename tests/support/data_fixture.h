@@ -1,0 +1,147 @@
+// Small customers and plans, a folder of them, and the operations that the tests put it through.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "data/batch_store.h"
+#include "data/customer_file.h"
+#include "data/estimate_file.h"
+#include "data/folder_check.h"
+#include "data/folder_start.h"
+#include "data/index_file.h"
+#include "data/index_sort.h"
+#include "data/keyed_files.h"
+#include "support/memory_disk.h"
+
+namespace norvale {
+
+inline CustomerRecord Customer(std::int16_t number, std::string_view name) {
+  CustomerRecord customer;
+  customer.CustomerName.Assign(name);
+  customer.CustomerRecordNumber = number;
+  return customer;
+}
+
+/// `mark` tells plans of one key apart.
+inline EstimateRecord PlanOf(std::int16_t customer, std::string_view number, std::int16_t mark = 0) {
+  EstimateRecord plan;
+  plan.CustomerNumber = customer;
+  plan.PlanNumber.Assign(number);
+  plan.RoofSqFt = mark;
+  return plan;
+}
+
+/// The four files, in the order of `DataFile`.
+using FolderBytes = std::array<std::string, 4>;
+inline FolderBytes BytesOf(const MemoryDisk& disk) {
+  return {disk.Bytes(CustomerDataFile), disk.Bytes(CustomerIndexFile), disk.Bytes(EstimateDataFile), disk.Bytes(EstimateIndexFile)};
+}
+
+/// Four customers, nine plans: two of one key, some of the company, some of nobody on file, none in index order.
+inline std::unique_ptr<MemoryDisk> SampleDisk() {
+  auto disk = std::make_unique<MemoryDisk>();
+  DataFolder folder("", *disk);
+  Session session;
+  (void)StartFolder(folder, session);
+  const std::vector customers = {Customer(7, "Oak Street Builders"), Customer(3, "Hill Homes"), Customer(12, "Smith & Oakley"),
+                                 Customer(5, "Reed")};
+  const std::vector plans = {PlanOf(7, "B", 1), PlanOf(3, "A", 2), PlanOf(7, "A", 3),  PlanOf(12, "Z", 4), PlanOf(7, "A", 5),
+                             PlanOf(0, "A", 6), PlanOf(9, "Q", 7), PlanOf(7, " C", 8), PlanOf(0, "C", 9)};
+  StoreAll(folder, customers, plans);
+  return disk;
+}
+
+/// One operation on the sample folder, with the cursors where it needs them. `run` throws FileError where the disk does.
+struct Operation {
+  const char* name;
+  std::function<void(DataFolder&, Session&)> run;
+};
+
+inline void Require(bool done) {
+  if (!done) throw std::logic_error("the operation did not run");
+}
+
+/// Takes the last customer back as if he had just been added.
+inline void AbandonLast(DataFolder& folder, Session& session) {
+  const std::uint64_t size = OpenDataFile(folder, DataFile::CustomerIndex)->Size();
+  session.CustomerCursor = static_cast<std::int32_t>(size - CustomerIndexEntrySize + 1);
+  session.customerIsNew = true;
+  Require(AbandonNewCustomer(folder, session));
+}
+
+inline const std::vector<Operation>& AllOperations() {
+  static const std::vector<Operation> operations = {
+      {"add a plan at the head", [](DataFolder& f, Session& s) { s.CurrentEstimate = PlanOf(0, " ", 50), AddEstimate(f, s); }},
+      {"add a plan in the middle", [](DataFolder& f, Session& s) { s.CurrentEstimate = PlanOf(7, "A", 51), AddEstimate(f, s); }},
+      {"add a plan at the tail", [](DataFolder& f, Session& s) { s.CurrentEstimate = PlanOf(99, "A", 52), AddEstimate(f, s); }},
+      {"update a plan in place",
+       [](DataFolder& f, Session& s) {
+         Require(FindEstimateOfPlan(f, s, 3, "A"));
+         s.CurrentEstimate.RoofSqFt = 53;
+         Require(UpdateEstimate(f, s) == EstimateChange::Done);
+       }},
+      {"renumber a plan toward the tail",
+       [](DataFolder& f, Session& s) {
+         Require(FindEstimateOfPlan(f, s, 3, "A"));
+         s.CurrentEstimate.CustomerNumber = 10;
+         Require(UpdateEstimate(f, s) == EstimateChange::Done);
+       }},
+      {"renumber a plan toward the head",
+       [](DataFolder& f, Session& s) {
+         Require(FindEstimateOfPlan(f, s, 12, "Z"));
+         s.CurrentEstimate.CustomerNumber = 1;
+         Require(UpdateEstimate(f, s) == EstimateChange::Done);
+       }},
+      {"delete a plan",
+       [](DataFolder& f, Session& s) {
+         Require(FindEstimateOfPlan(f, s, 7, "A"));
+         Require(DeleteEstimate(f, s) == EstimateChange::Done);
+       }},
+      {"hand plans to the company", [](DataFolder& f, Session&) { ReassignEstimatesToCompany(f, 7); }},
+      {"add a blank customer", [](DataFolder& f, Session& s) { Require(AddBlankCustomer(f, s) == AddCustomer::Added); }},
+      {"save a customer in place",
+       [](DataFolder& f, Session& s) {
+         Require(FindCustomer(f, s, 5).hasRecord);
+         s.CurrentCustomer.City.Assign("Dover");
+         Require(SaveCustomer(f, s) == SaveCustomerResult::Saved);
+       }},
+      {"renumber a customer without plans",
+       [](DataFolder& f, Session& s) {
+         Require(FindCustomer(f, s, 5).hasRecord);
+         s.CurrentCustomer.CustomerRecordNumber = 20;
+         Require(SaveCustomer(f, s) == SaveCustomerResult::Saved);
+       }},
+      {"renumber a customer with plans",
+       [](DataFolder& f, Session& s) {
+         Require(FindCustomer(f, s, 7).hasRecord);
+         s.CurrentCustomer.CustomerRecordNumber = 9;
+         Require(SaveCustomer(f, s) == SaveCustomerResult::Saved);
+       }},
+      {"save the company",
+       [](DataFolder& f, Session& s) {
+         OpenCompany(f, s);
+         s.CurrentCustomer.CustomerName.Assign("Hill Lumber");
+         s.CurrentCustomer.Note2.Assign("closed on Sundays");
+         SaveCompany(f, s);
+       }},
+      {"delete a customer with plans",
+       [](DataFolder& f, Session& s) {
+         Require(FindCustomer(f, s, 7).hasRecord);
+         Require(DeleteCustomer(f, s) == DeleteCustomerResult::Deleted);
+       }},
+      {"abandon a new customer", AbandonLast},
+      {"rebuild", [](DataFolder& f, Session&) { RebuildIndexes(f); }},
+      {"store a batch",
+       [](DataFolder& f, Session&) {
+         const std::vector customers = {Customer(5, "Reed & Sons"), Customer(1, "First"), Customer(0, "Company")};
+         const std::vector plans = {PlanOf(7, "A", 60), PlanOf(7, "A", 61), PlanOf(7, "A", 62), PlanOf(1, "N", 63)};
+         StoreAll(f, customers, plans);
+       }},
+  };
+  return operations;
+}
+
+}  // namespace norvale
