@@ -89,8 +89,7 @@ void ProbeDamagedFolder(const MemoryDisk& damaged) {
   const auto repaired = damaged.Copy();
   {
     DataFolder folder("", *repaired);
-    if (!repaired->Bytes(CustomerDataFile).empty() || !repaired->Bytes(CustomerIndexFile).empty())
-      for (const Fault& fault : RepairFolder(folder)) Demand(fault.kind == FaultKind::Twins, "a repair left: " + fault.text);
+    for (const Fault& fault : RepairFolder(folder)) Demand(fault.kind == FaultKind::Twins, "a repair left: " + fault.text);
     DemandSurvivors<CustomerFiles>(damaged, *repaired);
     DemandSurvivors<EstimateFiles>(damaged, *repaired);
     const FolderBytes once = BytesOf(*repaired);
