@@ -10,7 +10,7 @@ TEST(Numbers, RoundingsDifferOnHalvesAndNegatives) {
     double x, asInt, asRnd, asEven;
   };
   for (const Row& row :
-       {Row{-2.5, -3, -2, -2}, {2.5, 2, 3, 2}, {3.5, 3, 4, 4}, {-0.15, -1, 0, 0}, {210 * 1.15, 241, 242, 241}, {0, 0, 0, 0}}) {
+       {Row{-2.5, -3, -2, -2}, {2.5, 2, 3, 2}, {3.5, 3, 4, 4}, {-0.15, -1, 0, 0}, {210 * 1.15, 241, 241, 241}, {0, 0, 0, 0}}) {
     EXPECT_EQ(Int(row.x), row.asInt) << row.x;
     EXPECT_EQ(Rnd(row.x), row.asRnd) << row.x;
     EXPECT_EQ(RoundEven(row.x), row.asEven) << row.x;
