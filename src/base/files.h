@@ -13,7 +13,7 @@ namespace norvale {
 
 /// The largest file that is read in one piece. Every file of the working folder that is read whole is far smaller; a
 /// larger one is some other file under its name.
-inline constexpr std::size_t kLargestWholeFile = 64U * 1024U * 1024U;
+inline constexpr std::size_t kLargestWholeFile = std::size_t{64} * 1024 * 1024;
 
 /// The bytes of the file. Throws FileError where it cannot be read or is larger than `kLargestWholeFile`.
 std::string ReadWholeFile(const std::filesystem::path& path);

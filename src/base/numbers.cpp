@@ -101,7 +101,7 @@ double Val(std::string_view text) {
 std::string FormatNumber(double value, NumberFormat format) {
   if (!std::isfinite(value)) value = 0.0;
   std::string digits = ScaledDigits(std::abs(value), format.decimals);
-  const auto needed = static_cast<std::size_t>(format.wholeDigits + format.decimals);
+  const auto needed = static_cast<std::size_t>(format.wholeDigits) + static_cast<std::size_t>(format.decimals);
   const bool negative = value < 0.0 && digits.find_first_not_of('0') != std::string::npos;
   if (digits.size() < needed) digits.insert(0, needed - digits.size(), '0');
   const std::size_t whole = digits.size() - static_cast<std::size_t>(format.decimals);
@@ -129,7 +129,7 @@ std::string PlainNumber(double value) {
   const bool whole = magnitude < 1e15 && magnitude == std::floor(magnitude);
   char* const end = whole ? std::to_chars(first, last, static_cast<std::int64_t>(magnitude)).ptr
                           : std::to_chars(first, last, magnitude, std::chars_format::general, kSignificantDigits).ptr;
-  return std::string(buffer.data(), end);
+  return {buffer.data(), static_cast<std::size_t>(end - buffer.data())};
 }
 
 std::string Digits(double value) {

@@ -49,6 +49,10 @@ struct Field {
   T Record::*member;
 };
 
+// Said aloud for compilers that do not deduce it for an aggregate.
+template <typename Record, typename T>
+Field(std::string_view, std::size_t, T Record::*) -> Field<Record, T>;
+
 /// Whether the fields of a table follow one another from 0 to `size` without gap or overlap.
 template <typename... Fields>
 constexpr bool FieldsTile(const std::tuple<Fields...>& fields, std::size_t size) {

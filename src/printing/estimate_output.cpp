@@ -13,7 +13,7 @@ constexpr NumberFormat kPlainMoney{.wholeDigits = 1, .decimals = 2};
 constexpr NumberFormat kPlainWhole{};
 
 std::string Quoted(std::string_view text) {
-  const std::string utf8 = ToUtf8(text);
+  std::string utf8 = ToUtf8(text);
   if (utf8.find_first_of(",\"\r\n") == std::string::npos && Trim(utf8).size() == utf8.size()) return utf8;
   std::string quoted = "\"";
   for (const char c : utf8) {

@@ -75,11 +75,11 @@ void PriceLine(TakeoffRun& run) {
 }
 
 // Notes a printed row for the outputs that are no paper, and prices it.
-void Finish(TakeoffRun& run, std::string_view unit, MaterialLine line, double quantity) {
+void Finish(TakeoffRun& run, MaterialLine line, double quantity) {
   PrintedLine& printed = run.lines.emplace_back();
   printed.section = run.section;
   printed.quantity = quantity;
-  printed.unit = unit;
+  printed.unit = TrimRight(line.unit);
   printed.label = line.label;
   printed.item = line.item;
   printed.adjusted = line.item != kNoItem && run.Percent(line.item) != 0;
@@ -211,7 +211,7 @@ double PrintMaterialLine(TakeoffRun& run, MaterialLine line) {
   run.page.Print(line.description);
   PrintLabel(run, line.label, line.item);
   if (!line.secondLabel.empty()) PrintLineAt(run.page, kLabelColumn, line.secondLabel);
-  Finish(run, TrimRight(line.unit), std::move(line), quantity);
+  Finish(run, std::move(line), quantity);
   return quantity;
 }
 
@@ -231,7 +231,7 @@ void EmitNails(TakeoffRun& run, const NailLine& line) {
   run.page.Print("AG Count");
   PrintAt(run.page, kNailDescriptionColumn, line.description);
   PrintLabel(run, line.label, line.item);
-  Finish(run, "lbs.", {.description = std::string(line.description), .label = line.label, .item = line.item}, pounds);
+  Finish(run, {.unit = "lbs.", .description = std::string(line.description), .label = line.label, .item = line.item}, pounds);
   AdvanceLine(run);
 }
 
@@ -241,7 +241,7 @@ void PrintTextLine(TakeoffRun& run, std::string_view text, MaterialLine line) {
   run.page.Print(line.description);
   PrintLabel(run, line.label, line.item);
   const double quantity = line.quantity;
-  Finish(run, line.unit, std::move(line), quantity);
+  Finish(run, std::move(line), quantity);
 }
 
 void PriceAgain(TakeoffRun& run, std::string key) {
