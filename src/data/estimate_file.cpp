@@ -148,15 +148,21 @@ StepResult MoveEstimate(DataFolder& folder, Session& session, int direction) {
 }
 
 void FindFirstEstimateOfCustomer(DataFolder& folder, Session& session, int& number) {
-  EstimateReader files(folder);
-  const EntryRange range =
-      number < 0 || number > INT16_MAX ? EntryRange{0, 0} : EntriesOfCustomer(files.index, static_cast<std::int16_t>(number));
-  if (range.first == range.end) {
-    number = -1;
-    return;
+  const auto indexFile = OpenDataFile(folder, DataFile::EstimateIndex);
+  EstimateIndex index(*indexFile, folder.PathOf(DataFile::EstimateIndex));
+  if (number >= 0 && number <= INT16_MAX) {
+    const std::string prefix = CustomerPrefix(static_cast<std::int16_t>(number));
+    const std::size_t first = index.LowerBound(prefix, 0, index.Count());
+    if (first < index.Count()) {
+      const EstimateIndexEntry entry = index.At(first);
+      if (entry.Key.Raw().starts_with(prefix)) {
+        session.CurrentEstimateEntry = entry;
+        session.EstimateCursor = EstimateIndex::PositionOf(first);
+        return;
+      }
+    }
   }
-  session.CurrentEstimateEntry = files.index.At(range.first);
-  session.EstimateCursor = EstimateIndex::PositionOf(range.first);
+  number = -1;
 }
 
 bool FindEstimateOfPlan(DataFolder& folder, Session& session, int customer, std::string_view planNumber) {

@@ -123,14 +123,27 @@ class IndexFile {
  private:
   template <typename IsBefore>
   std::size_t FirstNot(std::size_t from, std::size_t end, IsBefore isBefore) {
-    while (from < end) {
+    // The last halvings go through entries that lie close together: they are read at once.
+    constexpr std::size_t kClose = 4096 / Files::kEntrySize;
+    while (end - from > kClose) {
       const std::size_t middle = from + (end - from) / 2;
       if (isBefore(At(middle)))
         from = middle + 1;
       else
         end = middle;
     }
-    return from;
+    std::array<char, kClose * Files::kEntrySize> close;
+    ReadExactly(file_, path_, from * Files::kEntrySize, close.data(), (end - from) * Files::kEntrySize);
+    std::size_t low = 0;
+    for (std::size_t high = end - from; low < high;) {
+      const std::size_t middle = low + (high - low) / 2;
+      const auto entry = Decoded<Entry>(close.data() + middle * Files::kEntrySize);
+      if (isBefore(entry))
+        low = middle + 1;
+      else
+        high = middle;
+    }
+    return from + low;
   }
 
   DiskFile& file_;
