@@ -13,4 +13,7 @@ void AddPrintEstimate(CLI::App& print, const CommandContext& context);
 /// `export`, `import` and `new-folder`.
 void AddExchangeCommands(CLI::App& app, const CommandContext& context);
 
+/// `delete`, `check`, `rebuild`, and `print customers` and `print estimates`.
+void AddDataCommands(CLI::App& app, CLI::App& print, const CommandContext& context);
+
 }  // namespace norvale

@@ -52,6 +52,7 @@ int Run(int argc, char** argv) {
   print->require_subcommand(1);
   AddPrintEstimate(*print, context);
   AddExchangeCommands(app, context);
+  AddDataCommands(app, *print, context);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
