@@ -1,0 +1,123 @@
+#include "prices/exchange.h"
+
+#include <gtest/gtest.h>
+
+#include "support/random_records.h"
+
+namespace norvale {
+namespace {
+
+TEST(Exchange, RecordsOfRandomBytesComeBackAsTheyWere) {
+  std::mt19937 random(20260307);
+  std::vector<CustomerRecord> customers = {CustomerRecord{}};
+  std::vector<EstimateRecord> plans = {EstimateRecord{}};
+  for (std::int16_t i = 1; i <= 60; ++i) {
+    customers.push_back(RandomCustomer(random, i == 60 ? 32766 : i));
+    plans.push_back(RandomPlan(random));
+    // Texts whose blanks and bytes of 0 stand in every order at their end, and unused roof rows between used ones.
+    plans.back().ReservedText.bytes[41] = plans.back().PlanDate.bytes[9] = ' ';
+    customers.back().Note2.bytes[49] = i % 2 == 0 ? '\0' : ' ';
+    customers.back().Note2.bytes[48] = i % 3 == 0 ? '\0' : ' ';
+    plans.back().RoofPlanes[static_cast<std::size_t>(i)] = {};
+    for (std::size_t plane = 63; plane > 64U - static_cast<std::size_t>(i); --plane) plans.back().RoofPlanes[plane] = {};
+  }
+  const std::string text = ExportTables(customers, plans);
+  const ExchangeTables tables = ImportTables(text);
+  ASSERT_EQ(tables.customers.size(), customers.size());
+  ASSERT_EQ(tables.plans.size(), plans.size());
+  for (std::size_t i = 0; i < plans.size(); ++i) {
+    EXPECT_TRUE(tables.customers[i] == customers[i]) << i;
+    EXPECT_TRUE(tables.plans[i] == plans[i]) << i;
+    std::string before(EstimateRecordSize, 'b');
+    std::string after(EstimateRecordSize, 'a');
+    EncodeValue(before.data(), plans[i]);
+    EncodeValue(after.data(), tables.plans[i]);
+    EXPECT_EQ(before, after) << i;
+  }
+  EXPECT_FALSE(tables.wasteFactors || tables.prices);
+  EXPECT_EQ(ExportTables(tables.customers, tables.plans), text);
+}
+
+TEST(Exchange, AFieldLeftOutIsBlankOrZero) {
+  const auto tables = ImportTables(R"({"customers": [{"CustomerRecordNumber": 3}], "plans": [{"PlanNumber": "Gîte", "Joist5": [1,2,3,4,-5],
+      "RoofPlanes": [{"RafterRun": 96}]}], "wasteFactors": {"14": -100}, "prices": [{"PriceItemKey": "A"}]})");
+  EXPECT_EQ(tables.customers.at(0).CustomerName.Raw(), std::string(35, ' '));
+  const EstimateRecord& plan = tables.plans.at(0);
+  EXPECT_EQ(plan.PlanNumber.Raw(), "G\xEEte           ");
+  EXPECT_EQ(plan.PlanType, 0);
+  EXPECT_EQ(plan.PriceLevel.Raw(), " ");
+  EXPECT_EQ(plan.Joist5, (FiveRows{1, 2, 3, 4, -5}));
+  EXPECT_EQ(plan.RoofPlanes[0].RafterRun, 96);
+  EXPECT_EQ(plan.RoofPlanes[1], RoofPlane{});
+  ASSERT_TRUE(tables.wasteFactors && tables.prices);
+  EXPECT_EQ(tables.wasteFactors->percent[14], -100);
+  EXPECT_EQ(tables.wasteFactors->percent[10], -10);
+  EXPECT_EQ(tables.prices->at(0), (PriceItem{"A", "", {}, ""}));
+}
+
+TEST(Exchange, WhatCannotBeTakenIsRefusedWithItsPlace) {
+  std::string roof = R"({"plans": [{"RoofPlanes": [{})";
+  for (int i = 1; i < 65; ++i) roof += ",{}";
+  struct Case {
+    std::string json;
+    std::string place;
+  };
+  const Case cases[] = {
+      {"", "line 1"},
+      {"{\n\"plans\": [\n}", "line 3"},
+      {R"({"plans": []} {})", "line 1"},
+      {"[]", "the file"},
+      {R"({"plan": []})", "plan"},
+      {R"({"plans": {}})", "plans"},
+      {R"({"plans": [{}, 5]})", "plans[1]"},
+      {R"({"plans": [{"Roof": 1}]})", "plans[0].Roof"},
+      {R"({"plans": [{"planType": 1}]})", "plans[0].planType"},
+      {R"({"plans": [{"PlanType": 1, "PlanTyp": 1}]})", "plans[0].PlanTyp"},
+      {R"({"plans": [{"PlanType": "1"}]})", "plans[0].PlanType"},
+      {R"({"plans": [{"PlanType": 1.5}]})", "plans[0].PlanType"},
+      {R"({"plans": [{"PlanType": 1.0}]})", "plans[0].PlanType"},
+      {R"({"plans": [{"PlanType": null}]})", "plans[0].PlanType"},
+      {R"({"plans": [{"PlanType": true}]})", "plans[0].PlanType"},
+      {R"({"plans": [{"PlanType": 32768}]})", "plans[0].PlanType"},
+      {R"({"plans": [{"PlanType": -32769}]})", "plans[0].PlanType"},
+      {R"({"plans": [{"PlanType": 18446744073709551615}]})", "plans[0].PlanType"},
+      {R"({"plans": [{"PlanType": 1e30}]})", "plans[0].PlanType"},
+      {R"({"plans": [{"PlanNumber": 17}]})", "plans[0].PlanNumber"},
+      {R"({"plans": [{"PlanNumber": "1234567890123456"}]})", "plans[0].PlanNumber"},
+      {R"({"plans": [{"PlanNumber": "\u4e2d"}]})", "plans[0].PlanNumber"},
+      {R"({"plans": [{"PlanNumber": "\ud83c\udfe0"}]})", "plans[0].PlanNumber"},
+      {"{\"plans\": [{\"PlanNumber\": \"\xFF\"}]}", "line 1"},
+      {R"({"plans": [{"Joist5": 5}]})", "plans[0].Joist5"},
+      {R"({"plans": [{"Joist5": [1, 2, 3, 4]}]})", "plans[0].Joist5"},
+      {R"({"plans": [{"Joist5": [1, 2, 3, 4, 5, 6]}]})", "plans[0].Joist5"},
+      {R"({"plans": [{"Joist5": [1, 2, 3, 4, "5"]}]})", "plans[0].Joist5[4]"},
+      {roof + "]}]}", "plans[0].RoofPlanes"},
+      {R"({"plans": [{"RoofPlanes": [{}, {"PitchIndex": 256}]}]})", "plans[0].RoofPlanes[1].PitchIndex"},
+      {R"({"plans": [{"RoofPlanes": [{"PitchIndex": -1}]}]})", "plans[0].RoofPlanes[0].PitchIndex"},
+      {R"({"plans": [{"RoofPlanes": [{"Pitch": 1}]}]})", "plans[0].RoofPlanes[0].Pitch"},
+      {R"({"customers": [{"CustomerRecordNumber": 32767}]})", "customers[0].CustomerRecordNumber"},
+      {R"({"customers": [{"CustomerRecordNumber": -1}]})", "customers[0].CustomerRecordNumber"},
+      {R"({"customers": [{}, {"CustomerRecordNumber": 0}]})", "customers[1].CustomerRecordNumber"},
+      {R"({"customers": [{"State": "DEL"}]})", "customers[0].State"},
+      {R"({"wasteFactors": []})", "wasteFactors"},
+      {R"({"wasteFactors": {"95": 1}})", "wasteFactors.95"},
+      {R"({"wasteFactors": {"x": 1}})", "wasteFactors.x"},
+      {R"({"wasteFactors": {"14": 101}})", "wasteFactors.14"},
+      {R"({"prices": [{"PriceItemPrice": ["1"]}]})", "prices[0].PriceItemPrice"},
+      {R"({"prices": [{"PriceItemPrice": ["1", "2", "3", "4", 5]}]})", "prices[0].PriceItemPrice[4]"},
+      {R"({"prices": [{"PriceItemSku": "123456789012345678901"}]})", "prices[0].PriceItemSku"},
+      {R"({"prices": [{"Sku": ""}]})", "prices[0].Sku"},
+  };
+  for (const Case& c : cases) {
+    try {
+      (void)ImportTables(c.json);
+      ADD_FAILURE() << "taken: " << c.json;
+    } catch (const ExchangeError& error) {
+      EXPECT_EQ(std::string(error.what()).substr(0, c.place.size() + 2), c.place + ": ") << c.json << "\n" << error.what();
+      EXPECT_EQ(std::string(error.what()).find('\n'), std::string::npos) << error.what();
+    }
+  }
+}
+
+}  // namespace
+}  // namespace norvale
