@@ -1,0 +1,134 @@
+// The eleven screens of the data-entry form: their lines, what a box becomes when it is left, when a screen is complete, and
+// the steps from screen to screen. Screens count from 0, lines from 0.
+//
+// Messages lack their title, which belongs behind the "|" at their end.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "entry/form_fields.h"
+
+namespace norvale {
+
+/// Added to a screen's index in `LineRange`: asks for its bounds.
+inline constexpr int kLineBounds = 128;
+
+/// With `kLineBounds` added to the screen's index: its first line times 256 plus its last. Without: the first line of the
+/// screen whose caption is enabled and in sight, -1 where there is none, or no such screen.
+int LineRange(const PlanForm& form, int screen);
+
+/// The number boxes that the test for completeness looks at; empty (last below first) for the first screen.
+struct BoxRange {
+  int first = 0;
+  int last = -1;
+};
+BoxRange ScreenFields(int screen);
+
+/// The screen on which a number box stands, -1 where it has no line.
+int ScreenOfNumber(const PlanForm& form, int box);
+
+// --- Boxes
+
+/// What leaving a box came to.
+struct BoxLeaving {
+  std::string message;        // empty: none
+  bool focusReturns = false;  // to the box that was left
+};
+
+/// The box has got the focus: what the program would compute for it no longer replaces what stands there.
+void EnterNumberBox(PlanForm& form, int box);
+
+/// Applies the rules for a number box that is left for another one: rounded up, not negative, not empty where a value is
+/// needed, 0 to 32767. An entry that was asked for once is let pass the second time. Buttons that leave the screen, Esc and
+/// closing do not come here; `RoundNumberBox` serves them.
+BoxLeaving LeaveNumberBox(PlanForm& form, int box);
+
+/// The same for a joist box: even feet, 8 or more, or 0.
+BoxLeaving LeaveJoistBox(PlanForm& form, int box);
+
+/// Rounds the box up as leaving it would, and asks nothing.
+void RoundNumberBox(PlanForm& form, int box);
+
+/// The operator chooses a row (from 0) of a list: the field rule of its line runs, the plan is marked, and the captions in
+/// sight follow. Nothing where the list is shut.
+void ClickSelectionBox(PlanForm& form, int box, int row);
+
+// --- Completeness
+
+/// Whether a screen has all that the estimate needs, and what to say where it has not.
+struct ScreenCheck {
+  bool isComplete = true;
+  std::optional<int> focus;  // the number box that needs an entry
+  std::string message;
+};
+
+/// Tests screen n, or, with less to say, screen -n: then neither focus nor message. Screens outside 1 to 10 are complete.
+/// For screen 5 the wall area of a new plan is computed first.
+ScreenCheck CheckScreenComplete(PlanForm& form, int n);
+
+/// Whether the screen is complete, without changing anything.
+bool IsScreenComplete(const PlanForm& form, int screen);
+
+/// What stands against a print: nothing, or the first incomplete screen with the notice that names it.
+struct PrintCheck {
+  int screen = -1;  // -1: every screen is complete
+  std::string message;
+};
+PrintCheck CheckBeforePrint(PlanForm& form);
+
+/// A number that the record could not hold, left unseen behind a button: the box, and what to say. Asked before a plan is
+/// saved or printed.
+struct NumberFault {
+  bool isJoistBox = false;
+  int box = 0;
+  std::string message;
+};
+std::optional<NumberFault> FirstNumberFault(const PlanForm& form);
+
+// --- What the program computes for a new plan
+
+/// The first-floor wall area from wall lengths and wall height, 0 to 32767; nothing on an opened plan, and nothing once
+/// its box has been touched.
+void ComputeWallArea(PlanForm& form);
+
+/// Interior walls from the heated area and headers from the exterior walls, under the same conditions. A detached garage
+/// has no interior walls to begin with.
+void ComputeLengths(PlanForm& form);
+
+// --- Navigation
+
+/// Goes `delta` screens on and puts the lines of that screen in sight, their captions enabled as their boxes are. A screen
+/// without a usable line is passed over; where the end has none, the form stays where it was. Returns the line that gets the
+/// focus, -1 with a `delta` of 0.
+int ShowScreen(PlanForm& form, int delta);
+
+/// Shows screen `screen` (0 to `ScreenCount`) and returns the line that gets the focus.
+int GoToScreen(PlanForm& form, int screen);
+
+/// What stands around the lines of the current screen.
+struct ScreenFrame {
+  std::string PageLabel;  // "Screen 1 Of 11"
+  bool canGoNext = false;
+  bool canGoBack = false;
+  bool showsLabel1 = false;
+  bool showsRoofButton = false;
+  std::string lblc1;  // headings of the girder members; empty: hidden
+  std::string lblc2;
+};
+ScreenFrame FrameOf(const PlanForm& form);
+
+// --- Leaving the form
+
+/// What Exit does.
+enum class ExitRoad { Leave, AskToExit, AskToSave };
+
+/// Leave where nothing has changed. Else an opened plan is asked about first, a new one goes to the save prompt at once.
+/// `isPlanChanged`: plan type or pricing level were changed on the checklist.
+ExitRoad RoadOfExit(const PlanForm& form, bool isPlanChanged);
+
+/// The question of an opened plan; on Yes the save prompt follows. `planNumber` may hold any text.
+std::string ExitQuestion(std::string_view planNumber);
+
+}  // namespace norvale
