@@ -261,8 +261,8 @@ Disk& SystemDisk() {
   return disk;
 }
 
-void ReadExactly(DiskFile& file, const std::filesystem::path& path, std::uint64_t offset, char* to, std::size_t size) {
-  if (file.ReadAt(offset, to, size) != size) throw FileError(path.string(), "the file ended while it was being read");
+void ReadExactly(DiskFile& file, std::string_view name, std::uint64_t offset, char* to, std::size_t size) {
+  if (file.ReadAt(offset, to, size) != size) throw FileError(std::string(name), "the file ended while it was being read");
 }
 
 }  // namespace norvale

@@ -77,7 +77,7 @@ class Disk {
 /// The computer's own files. It keeps no state.
 Disk& SystemDisk();
 
-/// Reads exactly `size` bytes, or throws FileError naming `path`: the file is shorter than it was a moment ago.
-void ReadExactly(DiskFile& file, const std::filesystem::path& path, std::uint64_t offset, char* to, std::size_t size);
+/// Reads exactly `size` bytes, or throws FileError for `name`: the file is shorter than it was a moment ago.
+void ReadExactly(DiskFile& file, std::string_view name, std::uint64_t offset, char* to, std::size_t size);
 
 }  // namespace norvale

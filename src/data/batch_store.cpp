@@ -73,11 +73,11 @@ Plan<Files> PlanBatch(IndexFile<Files>& index, DiskFile& records, std::span<cons
 template <typename Files>
 class PairBatch {
  public:
-  PairBatch(InPlaceChange& change, DataFolder& folder, std::span<const typename Files::Record> batch, bool repeats)
+  PairBatch(InPlaceChange& change, std::span<const typename Files::Record> batch, bool repeats)
       : batch_(batch),
         records_(change.Open(Files::kRecords)),
         indexFile_(change.Open(Files::kIndex)),
-        index_(indexFile_, folder.PathOf(Files::kIndex)),
+        index_(indexFile_),
         oldSize_(records_.Size()) {
     RequireWholeFiles<Files>(records_, indexFile_);
     if (batch.empty()) return;
@@ -119,8 +119,8 @@ class PairBatch {
 
 StoredCounts StoreAll(DataFolder& folder, std::span<const CustomerRecord> customers, std::span<const EstimateRecord> plans) {
   InPlaceChange change(folder);
-  PairBatch<CustomerFiles> customerBatch(change, folder, customers, false);
-  PairBatch<EstimateFiles> planBatch(change, folder, plans, true);
+  PairBatch<CustomerFiles> customerBatch(change, customers, false);
+  PairBatch<EstimateFiles> planBatch(change, plans, true);
   if (customers.empty() && plans.empty()) return {};
   change.Seal();
   customerBatch.Write();

@@ -13,15 +13,10 @@ constexpr std::size_t kFirstCustomer = 1;  // the entry behind the company's
 
 // Both files, open for an operation that does not change them.
 struct CustomerReader {
-  explicit CustomerReader(const DataFolder& opened)
-      : folder(opened),
-        records(OpenDataFile(folder, DataFile::Customers)),
-        indexFile(OpenDataFile(folder, DataFile::CustomerIndex)),
-        index(*indexFile, folder.PathOf(DataFile::CustomerIndex)) {}
+  explicit CustomerReader(const DataFolder& folder)
+      : records(OpenDataFile(folder, DataFile::Customers)), indexFile(OpenDataFile(folder, DataFile::CustomerIndex)), index(*indexFile) {}
 
-  CustomerRecord Record(std::size_t number, const CustomerIndexEntry& entry) {
-    return ReadRecord<CustomerFiles>(*records, folder.Folder(), number, entry);
-  }
+  CustomerRecord Record(std::size_t number, const CustomerIndexEntry& entry) { return ReadRecord<CustomerFiles>(*records, number, entry); }
 
   void Show(Session& session, std::size_t entryNumber) {
     const CustomerIndexEntry entry = index.At(entryNumber);
@@ -49,7 +44,6 @@ struct CustomerReader {
     return found;
   }
 
-  const DataFolder& folder;
   std::unique_ptr<DiskFile> records;
   std::unique_ptr<DiskFile> indexFile;
   CustomerIndex index;
@@ -92,7 +86,7 @@ void AddRecord(DataFolder& folder, Session& session, CustomerRecord customer) {
   DiskFile& records = change.Open(DataFile::Customers);
   DiskFile& indexFile = change.Open(DataFile::CustomerIndex);
   RequireWholeFiles<CustomerFiles>(records, indexFile);
-  CustomerIndex index(indexFile, folder.PathOf(DataFile::CustomerIndex));
+  CustomerIndex index(indexFile);
 
   PadTexts(customer);
   const CustomerIndexEntry entry = CustomerFiles::EntryFor(customer, NextRecordPosition<CustomerFiles>(records));
@@ -117,7 +111,7 @@ std::size_t SaveInPlace(DataFolder& folder, std::size_t at, const CustomerRecord
   DiskFile& records = change.Open(DataFile::Customers);
   DiskFile& indexFile = change.Open(DataFile::CustomerIndex);
   RequireWholeFiles<CustomerFiles>(records, indexFile);
-  CustomerIndex index(indexFile, folder.PathOf(DataFile::CustomerIndex));
+  CustomerIndex index(indexFile);
   const bool moves = index.Count() <= at || index.At(at) != entry;
   const std::size_t place = moves ? NewPlace(index, at, entry) : at;
   const auto offset = static_cast<std::uint64_t>(entry.RecordPosition) - 1;

@@ -13,20 +13,16 @@ constexpr std::string_view kBeginningOfFile = "0 Beginning Of File|";
 
 // Both files, open for an operation that does not change them.
 struct EstimateReader {
-  explicit EstimateReader(const DataFolder& opened)
-      : folder(opened),
-        records(OpenDataFile(folder, DataFile::Estimates)),
-        indexFile(OpenDataFile(folder, DataFile::EstimateIndex)),
-        index(*indexFile, folder.PathOf(DataFile::EstimateIndex)) {}
+  explicit EstimateReader(const DataFolder& folder)
+      : records(OpenDataFile(folder, DataFile::Estimates)), indexFile(OpenDataFile(folder, DataFile::EstimateIndex)), index(*indexFile) {}
 
   void Show(Session& session, std::size_t entryNumber) {
     const EstimateIndexEntry entry = index.At(entryNumber);
-    session.CurrentEstimate = ReadRecord<EstimateFiles>(*records, folder.Folder(), entryNumber, entry);
+    session.CurrentEstimate = ReadRecord<EstimateFiles>(*records, entryNumber, entry);
     session.CurrentEstimateEntry = entry;
     session.EstimateCursor = EstimateIndex::PositionOf(entryNumber);
   }
 
-  const DataFolder& folder;
   std::unique_ptr<DiskFile> records;
   std::unique_ptr<DiskFile> indexFile;
   EstimateIndex index;
@@ -59,7 +55,7 @@ void AddEstimate(DataFolder& folder, Session& session) {
   DiskFile& records = change.Open(DataFile::Estimates);
   DiskFile& indexFile = change.Open(DataFile::EstimateIndex);
   RequireWholeFiles<EstimateFiles>(records, indexFile);
-  EstimateIndex index(indexFile, folder.PathOf(DataFile::EstimateIndex));
+  EstimateIndex index(indexFile);
 
   EstimateRecord plan = session.CurrentEstimate;
   PadTexts(plan);
@@ -84,7 +80,7 @@ EstimateChange UpdateEstimate(DataFolder& folder, Session& session) {
   DiskFile& records = change.Open(DataFile::Estimates);
   DiskFile& indexFile = change.Open(DataFile::EstimateIndex);
   RequireWholeFiles<EstimateFiles>(records, indexFile);
-  EstimateIndex index(indexFile, folder.PathOf(DataFile::EstimateIndex));
+  EstimateIndex index(indexFile);
   const auto at = EntryAt(index, session.EstimateCursor);
   if (!at) return EstimateChange::NothingOnFile;
 
@@ -149,7 +145,7 @@ StepResult MoveEstimate(DataFolder& folder, Session& session, int direction) {
 
 void FindFirstEstimateOfCustomer(DataFolder& folder, Session& session, int& number) {
   const auto indexFile = OpenDataFile(folder, DataFile::EstimateIndex);
-  EstimateIndex index(*indexFile, folder.PathOf(DataFile::EstimateIndex));
+  EstimateIndex index(*indexFile);
   if (number >= 0 && number <= INT16_MAX) {
     const std::string prefix = CustomerPrefix(static_cast<std::int16_t>(number));
     const std::size_t first = index.LowerBound(prefix, 0, index.Count());

@@ -29,13 +29,13 @@ class FaultList {
 
 // Calls `visit(number, bytes)` for each whole record of the file, in its order.
 template <typename Files, typename Visit>
-void ForEachRecord(DiskFile& records, const std::filesystem::path& path, Visit visit) {
+void ForEachRecord(DiskFile& records, Visit visit) {
   const std::uint64_t count = std::min(records.Size() / Files::kRecordSize, kMostRecords<Files>);
   std::string piece;
   for (std::uint64_t at = 0; at < count;) {
     const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(count - at, kPieceSize / Files::kRecordSize));
     piece.resize(wanted * Files::kRecordSize);
-    ReadExactly(records, path, at * Files::kRecordSize, piece.data(), piece.size());
+    ReadExactly(records, NameOf(Files::kRecords), at * Files::kRecordSize, piece.data(), piece.size());
     for (std::size_t i = 0; i < wanted; ++i, ++at) visit(at, piece.data() + i * Files::kRecordSize);
   }
 }
@@ -77,7 +77,7 @@ std::vector<Fault> CheckPair(Disk& disk, const std::filesystem::path& folder) {
   std::vector<Entry> expected;  // one for each record, in the order of the file
   if (records) {
     expected.reserve(static_cast<std::size_t>(std::min(size / Files::kRecordSize, kMostRecords<Files>)));
-    ForEachRecord<Files>(*records, folder / NameOf(Files::kRecords), [&](std::uint64_t number, const char* bytes) {
+    ForEachRecord<Files>(*records, [&](std::uint64_t number, const char* bytes) {
       expected.push_back(Files::EntryFor(bytes, PositionOfRecord<Files>(number)));
     });
   }
@@ -89,7 +89,7 @@ std::vector<Fault> CheckPair(Disk& disk, const std::filesystem::path& folder) {
 
   std::vector<std::int32_t> entryOf(expected.size(), 0);  // the position of the entry that names the record
   if (indexFile) {
-    IndexFile<Files> index(*indexFile, folder / NameOf(Files::kIndex));
+    IndexFile<Files> index(*indexFile);
     Entry before{};
     index.ForEach(0, index.Count(), [&](std::size_t number, const Entry& entry) {
       const auto position = IndexFile<Files>::PositionOf(number);
@@ -145,7 +145,6 @@ bool HasKind(const std::vector<Fault>& faults, FaultKind kind) {
 // Moves the bytes behind the last whole record to the file of leftovers. They are safe there before they are cut off.
 template <typename Files>
 void PutAside(DataFolder& folder, std::string_view leftovers) {
-  const auto path = folder.PathOf(Files::kRecords);
   std::uint64_t size = 0;
   std::string rest;
   {
@@ -153,7 +152,7 @@ void PutAside(DataFolder& folder, std::string_view leftovers) {
     size = records->Size();
     rest.resize(static_cast<std::size_t>(size % Files::kRecordSize));
     if (rest.empty()) return;
-    ReadExactly(*records, path, size - rest.size(), rest.data(), rest.size());
+    ReadExactly(*records, NameOf(Files::kRecords), size - rest.size(), rest.data(), rest.size());
   }
   const auto aside = folder.Files().Open(folder.Folder() / leftovers, Opening::Create);
   aside->WriteAt(aside->Size(), rest);
@@ -169,7 +168,6 @@ void PutAside(DataFolder& folder, std::string_view leftovers) {
 
 // Writes the customers afresh with the company first and a possible number for everybody, and their index with them.
 void RenumberCustomers(DataFolder& folder) {
-  const auto path = folder.PathOf(DataFile::Customers);
   Replacement change(folder);
   {
     const auto records = OpenDataFile(folder, DataFile::Customers);
@@ -178,7 +176,7 @@ void RenumberCustomers(DataFolder& folder) {
     PadTexts(company);
     std::string companyBytes = Encoded(company, CustomerRecordSize);
     std::optional<std::uint64_t> companyAt;
-    ForEachRecord<CustomerFiles>(*records, path, [&](std::uint64_t at, const char* bytes) {
+    ForEachRecord<CustomerFiles>(*records, [&](std::uint64_t at, const char* bytes) {
       const std::int16_t number = CustomerFiles::EntryFor(bytes, 1).CustomerKey;
       if (number == kCompanyNumber && !companyAt) {
         companyAt = at;
@@ -191,7 +189,7 @@ void RenumberCustomers(DataFolder& folder) {
     const auto newRecords = change.Create(DataFile::CustomersWithout, DataFile::Customers);
     PieceWriter writer(*newRecords);
     writer.Append(companyBytes);
-    ForEachRecord<CustomerFiles>(*records, path, [&](std::uint64_t at, const char* bytes) {
+    ForEachRecord<CustomerFiles>(*records, [&](std::uint64_t at, const char* bytes) {
       if (at == companyAt) return;
       auto customer = Decoded<CustomerRecord>(bytes);
       if (customer.CustomerRecordNumber <= 0) {

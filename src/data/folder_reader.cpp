@@ -30,20 +30,20 @@ void AwaitWholeState(Disk& disk, const std::filesystem::path& folder) {
 template <typename Files>
 class OpenedPair {
  public:
-  OpenedPair(Disk& disk, const std::filesystem::path& folder) : folder_(folder) {
+  OpenedPair(Disk& disk, const std::filesystem::path& folder) {
     AwaitWholeState(disk, folder);
     indexFile_ = disk.Open(folder / NameOf(Files::kIndex), Opening::Read);
     records_ = disk.Open(folder / NameOf(Files::kRecords), Opening::Read);
     if (indexFile_ && !records_ && indexFile_->Size() >= Files::kEntrySize)
       throw FileError((folder / NameOf(Files::kRecords)).string(), "the file is missing, but its index has entries");
-    if (indexFile_ && records_) index_.emplace(*indexFile_, folder / NameOf(Files::kIndex));
+    if (indexFile_ && records_) index_.emplace(*indexFile_);
   }
 
   /// Nothing where the files are missing.
   [[nodiscard]] std::optional<IndexFile<Files>>& Index() { return index_; }
 
   [[nodiscard]] typename Files::Record Record(std::size_t number, const typename Files::Entry& entry) {
-    return ReadRecord<Files>(*records_, folder_, number, entry);
+    return ReadRecord<Files>(*records_, number, entry);
   }
 
   [[nodiscard]] std::vector<typename Files::Record> Records(std::size_t from, std::size_t end) {
@@ -57,7 +57,6 @@ class OpenedPair {
   }
 
  private:
-  std::filesystem::path folder_;
   std::unique_ptr<DiskFile> indexFile_;
   std::unique_ptr<DiskFile> records_;
   std::optional<IndexFile<Files>> index_;

@@ -36,9 +36,8 @@ class IndexFile {
   using Entry = typename Files::Entry;
   using Key = typename Files::Key;
 
-  /// `path` is named in errors. A last entry that is not whole does not count.
-  IndexFile(DiskFile& file, std::filesystem::path path)
-      : file_(file), path_(std::move(path)), count_(static_cast<std::size_t>(file.Size() / Files::kEntrySize)) {}
+  /// A last entry that is not whole does not count.
+  explicit IndexFile(DiskFile& file) : file_(file), count_(static_cast<std::size_t>(file.Size() / Files::kEntrySize)) {}
 
   [[nodiscard]] std::size_t Count() const { return count_; }
 
@@ -46,7 +45,7 @@ class IndexFile {
 
   [[nodiscard]] Entry At(std::size_t entry) {
     std::array<char, Files::kEntrySize> bytes{};
-    ReadExactly(file_, path_, entry * Files::kEntrySize, bytes.data(), bytes.size());
+    ReadExactly(file_, NameOf(Files::kIndex), entry * Files::kEntrySize, bytes.data(), bytes.size());
     return Decoded<Entry>(bytes.data());
   }
 
@@ -57,7 +56,7 @@ class IndexFile {
     for (std::size_t at = from; at < end;) {
       const std::size_t count = std::min(end - at, kPieceSize / Files::kEntrySize);
       piece.resize(count * Files::kEntrySize);
-      ReadExactly(file_, path_, at * Files::kEntrySize, piece.data(), piece.size());
+      ReadExactly(file_, NameOf(Files::kIndex), at * Files::kEntrySize, piece.data(), piece.size());
       for (std::size_t i = 0; i < count; ++i)
         if (!visit(at + i, Decoded<Entry>(piece.data() + i * Files::kEntrySize))) return;
       at += count;
@@ -105,7 +104,7 @@ class IndexFile {
     std::string piece;
     const auto move = [&](std::size_t at, std::size_t count) {
       piece.resize(count * Files::kEntrySize);
-      ReadExactly(file_, path_, at * Files::kEntrySize, piece.data(), piece.size());
+      ReadExactly(file_, NameOf(Files::kIndex), at * Files::kEntrySize, piece.data(), piece.size());
       file_.WriteAt((at - from + to) * Files::kEntrySize, piece);
     };
     if (to < from) {
@@ -133,7 +132,7 @@ class IndexFile {
         end = middle;
     }
     std::array<char, kClose * Files::kEntrySize> close;
-    ReadExactly(file_, path_, from * Files::kEntrySize, close.data(), (end - from) * Files::kEntrySize);
+    ReadExactly(file_, NameOf(Files::kIndex), from * Files::kEntrySize, close.data(), (end - from) * Files::kEntrySize);
     std::size_t low = 0;
     for (std::size_t high = end - from; low < high;) {
       const std::size_t middle = low + (high - low) / 2;
@@ -147,7 +146,6 @@ class IndexFile {
   }
 
   DiskFile& file_;
-  std::filesystem::path path_;
   std::size_t count_;
 };
 
@@ -161,11 +159,10 @@ void RequireRecord(std::uint64_t size, std::size_t entryNumber, const typename F
 
 /// The record that the entry names. Throws FileError as `RequireRecord` does where there is none.
 template <typename Files>
-typename Files::Record ReadRecord(DiskFile& records, const std::filesystem::path& folder, std::size_t entryNumber,
-                                  const typename Files::Entry& entry) {
+typename Files::Record ReadRecord(DiskFile& records, std::size_t entryNumber, const typename Files::Entry& entry) {
   RequireRecord<Files>(records.Size(), entryNumber, entry);
   std::array<char, Files::kRecordSize> bytes{};
-  ReadExactly(records, folder / NameOf(Files::kRecords), static_cast<std::uint64_t>(entry.RecordPosition) - 1, bytes.data(), bytes.size());
+  ReadExactly(records, NameOf(Files::kRecords), static_cast<std::uint64_t>(entry.RecordPosition) - 1, bytes.data(), bytes.size());
   return Decoded<typename Files::Record>(bytes.data());
 }
 

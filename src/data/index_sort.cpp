@@ -33,8 +33,8 @@ void SortRun(std::string& run, std::size_t entryLength) {
 // A sorted run of the file, read a few entries at a time.
 class Run {
  public:
-  Run(DiskFile& file, std::filesystem::path path, std::uint64_t at, std::uint64_t end, std::size_t entryLength, bool swap)
-      : file_(&file), path_(std::move(path)), at_(at), end_(end), entryLength_(entryLength), swap_(swap) {
+  Run(DiskFile& file, std::string_view name, std::uint64_t at, std::uint64_t end, std::size_t entryLength, bool swap)
+      : file_(&file), name_(name), at_(at), end_(end), entryLength_(entryLength), swap_(swap) {
     Fill();
   }
 
@@ -48,14 +48,14 @@ class Run {
  private:
   void Fill() {
     buffer_.resize(static_cast<std::size_t>(std::min<std::uint64_t>(kRunBuffer * entryLength_, end_ - at_)));
-    ReadExactly(*file_, path_, at_, buffer_.data(), buffer_.size());
+    ReadExactly(*file_, name_, at_, buffer_.data(), buffer_.size());
     if (swap_) SwapKeys(buffer_, entryLength_);
     at_ += buffer_.size();
     next_ = 0;
   }
 
   DiskFile* file_;
-  std::filesystem::path path_;
+  std::string_view name_;
   std::uint64_t at_;
   std::uint64_t end_;
   std::size_t entryLength_;
@@ -68,7 +68,6 @@ class Run {
 
 void SortFile(DataFolder& folder, DataFile file, std::size_t entryLength, int swapKeyBytes) {
   const bool swap = swapKeyBytes != 0;
-  const auto path = folder.PathOf(file);
   {
     const auto original = OpenDataFile(folder, file);
     const std::uint64_t size = original->Size() / entryLength * entryLength;
@@ -79,12 +78,12 @@ void SortFile(DataFolder& folder, DataFile file, std::size_t entryLength, int sw
     std::string run;
     for (std::uint64_t at = 0; at < size; at += run.size()) {
       run.resize(static_cast<std::size_t>(std::min<std::uint64_t>(kRunEntries * entryLength, size - at)));
-      ReadExactly(*original, path, at, run.data(), run.size());
+      ReadExactly(*original, NameOf(file), at, run.data(), run.size());
       if (swap) SwapKeys(run, entryLength);
       SortRun(run, entryLength);
       if (swap) SwapKeys(run, entryLength);
       original->WriteAt(at, run);
-      runs.emplace_back(*original, path, at, at + run.size(), entryLength, swap);
+      runs.emplace_back(*original, NameOf(file), at, at + run.size(), entryLength, swap);
     }
 
     const auto isBehind = [&runs](std::size_t a, std::size_t b) { return runs[b].Head() < runs[a].Head(); };
@@ -103,7 +102,7 @@ void SortFile(DataFolder& folder, DataFile file, std::size_t entryLength, int sw
     }
     writer.Finish();
   }
-  folder.Files().Rename(folder.PathOf(DataFile::Sorting), path);
+  folder.Files().Rename(folder.PathOf(DataFile::Sorting), folder.PathOf(file));
 }
 
 template <typename Files>
@@ -117,7 +116,7 @@ void RebuildIndex(Replacement& change, DataFolder& folder, DataFile records) {
     for (std::uint64_t at = 0; at < count;) {
       const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(count - at, kPieceSize / Files::kRecordSize));
       piece.resize(wanted * Files::kRecordSize);
-      ReadExactly(*recordFile, folder.PathOf(records), at * Files::kRecordSize, piece.data(), piece.size());
+      ReadExactly(*recordFile, NameOf(records), at * Files::kRecordSize, piece.data(), piece.size());
       for (std::size_t i = 0; i < wanted; ++i, ++at)
         EncodeValue(writer.Room(Files::kEntrySize), Files::EntryFor(piece.data() + i * Files::kRecordSize, PositionOfRecord<Files>(at)));
     }

@@ -141,7 +141,7 @@ void Journal::AddBytesOf(DataFile file, DiskFile& from, std::uint64_t offset, st
   std::string block(static_cast<std::size_t>(std::min<std::uint64_t>(length, kBlock)), '\0');
   while (length > 0) {
     const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(kBlock, length));
-    ReadExactly(from, folder_ / NameOf(file), offset, block.data(), wanted);
+    ReadExactly(from, NameOf(file), offset, block.data(), wanted);
     Append(std::string_view(block).substr(0, wanted));
     offset += wanted;
     length -= wanted;
@@ -197,7 +197,7 @@ void Journal::TakeSteps(bool* begun) {
   std::string block;
   for (std::uint64_t at = kHeaderSize; at < end;) {
     std::array<char, kStepSize> step{};
-    ReadExactly(*file_, path_, at, step.data(), step.size());
+    ReadExactly(*file_, kJournalFile, at, step.data(), step.size());
     at += kStepSize;
     const auto kind = static_cast<std::uint8_t>(step[0]);
     const auto number = static_cast<std::uint8_t>(step[1]);
@@ -218,7 +218,7 @@ void Journal::TakeSteps(bool* begun) {
       block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(length, kBlock)));
       while (length > 0) {
         const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(kBlock, length));
-        ReadExactly(*file_, path_, at, block.data(), wanted);
+        ReadExactly(*file_, kJournalFile, at, block.data(), wanted);
         opened.WriteAt(offset, std::string_view(block).substr(0, wanted));
         at += wanted;
         offset += wanted;

@@ -71,7 +71,7 @@ void RewriteWithout(DataFolder& folder, std::size_t without, DiskFile& newRecord
   const auto records = OpenDataFile(folder, Files::kRecords);
   RequireWholeFiles<Files>(*records, *indexFile);
   const std::uint64_t size = records->Size();
-  IndexFile<Files> index(*indexFile, folder.PathOf(Files::kIndex));
+  IndexFile<Files> index(*indexFile);
   PieceWriter recordWriter(newRecords);
   PieceWriter indexWriter(newIndex);
 
@@ -79,7 +79,7 @@ void RewriteWithout(DataFolder& folder, std::size_t without, DiskFile& newRecord
   std::uint64_t runStart = 0;
   std::size_t runSize = 0;
   const auto copyRun = [&] {
-    if (runSize > 0) ReadExactly(*records, folder.PathOf(Files::kRecords), runStart, recordWriter.Room(runSize), runSize);
+    if (runSize > 0) ReadExactly(*records, NameOf(Files::kRecords), runStart, recordWriter.Room(runSize), runSize);
     runSize = 0;
   };
   std::uint64_t count = 0;

@@ -50,7 +50,7 @@ TEST(IndexFile, MovesRangesLongerThanAPiece) {
   const auto file = disk.Open("x", Opening::Create);
   std::vector<CustomerIndexEntry> entries(150000);
   for (std::size_t i = 0; i < entries.size(); ++i) entries[i] = {static_cast<std::int16_t>(i), static_cast<std::int32_t>(i)};
-  IndexFile<CustomerFiles> index(*file, "x");
+  IndexFile<CustomerFiles> index(*file);
   index.Put(0, entries);
   const auto end = [&](std::size_t at) { return entries.begin() + static_cast<std::ptrdiff_t>(at); };
   struct Move {
