@@ -69,8 +69,8 @@ class Run {
 void SortFile(DataFolder& folder, DataFile file, std::size_t entryLength, int swapKeyBytes) {
   const bool swap = swapKeyBytes != 0;
   {
-    const auto original = OpenDataFile(folder, file);
-    const std::uint64_t size = original->Size() / entryLength * entryLength;
+    const auto unsorted = OpenDataFile(folder, file);
+    const std::uint64_t size = unsorted->Size() / entryLength * entryLength;
     if (size == 0) return;
     const auto sorted = folder.Files().Open(folder.PathOf(DataFile::Sorting), Opening::Fresh);
 
@@ -78,12 +78,12 @@ void SortFile(DataFolder& folder, DataFile file, std::size_t entryLength, int sw
     std::string run;
     for (std::uint64_t at = 0; at < size; at += run.size()) {
       run.resize(static_cast<std::size_t>(std::min<std::uint64_t>(kRunEntries * entryLength, size - at)));
-      ReadExactly(*original, NameOf(file), at, run.data(), run.size());
+      ReadExactly(*unsorted, NameOf(file), at, run.data(), run.size());
       if (swap) SwapKeys(run, entryLength);
       SortRun(run, entryLength);
       if (swap) SwapKeys(run, entryLength);
-      original->WriteAt(at, run);
-      runs.emplace_back(*original, NameOf(file), at, at + run.size(), entryLength, swap);
+      unsorted->WriteAt(at, run);
+      runs.emplace_back(*unsorted, NameOf(file), at, at + run.size(), entryLength, swap);
     }
 
     const auto isBehind = [&runs](std::size_t a, std::size_t b) { return runs[b].Head() < runs[a].Head(); };
