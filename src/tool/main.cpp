@@ -1,5 +1,6 @@
 // norvale-tool: what the desktop program prints and stores, from the command line.
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <ctime>
 #include <exception>
@@ -7,6 +8,7 @@
 
 #include "base/file_error.h"
 #include "base/files.h"
+#include "base/numbers.h"
 #include "base/text.h"
 #include "tool/commands.h"
 
@@ -19,19 +21,17 @@ constexpr int kFailed = 1;
 constexpr int kWrongWords = 2;
 
 // MM-DD-YYYY of a day that exists.
-bool IsDate(const std::string& text) {
-  int month = 0;
-  int day = 0;
-  int year = 0;
-  int used = 0;
-  if (text.size() != 10 || std::sscanf(text.c_str(), "%2d-%2d-%4d%n", &month, &day, &year, &used) != 3 || used != 10) return false;
-  std::tm date{};
-  date.tm_year = year - 1900;
-  date.tm_mon = month - 1;
-  date.tm_mday = day;
-  date.tm_hour = 12;
-  std::tm made = date;
-  return year > 0 && std::mktime(&made) != -1 && made.tm_mon == date.tm_mon && made.tm_mday == day;
+bool IsDate(std::string_view text) {
+  constexpr std::string_view kForm = "00-00-0000";
+  if (text.size() != kForm.size()) return false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool digit = text[i] >= '0' && text[i] <= '9';
+    if (kForm[i] == '-' ? text[i] != '-' : !digit) return false;
+  }
+  const auto number = [&](std::size_t from, std::size_t width) { return static_cast<int>(Val(text.substr(from, width))); };
+  const std::chrono::year_month_day day{std::chrono::year(number(6, 4)), std::chrono::month(static_cast<unsigned>(number(0, 2))),
+                                        std::chrono::day(static_cast<unsigned>(number(3, 2)))};
+  return day.ok() && number(6, 4) > 0;
 }
 
 int Fail(std::string_view reason) {
