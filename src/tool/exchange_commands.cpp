@@ -5,8 +5,8 @@
 #include "data/batch_store.h"
 #include "data/folder_reader.h"
 #include "data/folder_start.h"
-#include "prices/delivered.h"
 #include "prices/exchange.h"
+#include "prices/new_folder.h"
 #include "tool/commands.h"
 
 namespace norvale {
@@ -68,9 +68,7 @@ void RunNewFolder(const std::string& folder) {
   if (error) throw CommandError(folder, error.message());
   if (!empty) throw CommandError(folder, "the folder is not empty");
   DataFolder data(path);
-  ReplaceFile(data.Files(), path / kScreenFileName, DeliveredScreenFile());
-  ReplaceFile(data.Files(), path / kMaterialFileName, DeliveredMaterialFile());
-  ReplaceFile(data.Files(), path / kPriceFileName, DeliveredPriceFile());
+  LayDeliveredFiles(data);
   Start(data);
 }
 
