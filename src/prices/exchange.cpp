@@ -221,6 +221,19 @@ std::string LineOf(std::string_view text, std::size_t byte) {
   return "line " + std::to_string(1 + std::count(before.begin(), before.end(), '\n'));
 }
 
+// Parses a file and refuses one that gives a field twice: nobody could say which of the two is meant.
+Json Parse(std::string_view text) {
+  std::vector<std::set<std::string>> open;
+  const auto watch = [&open](int, Json::parse_event_t event, Json& parsed) {
+    if (event == Json::parse_event_t::object_start) open.emplace_back();
+    if (event == Json::parse_event_t::object_end) open.pop_back();
+    if (event == Json::parse_event_t::key && !open.back().insert(parsed.get<std::string>()).second)
+      Refuse(parsed.get<std::string>(), "the field stands twice in one object");
+    return true;
+  };
+  return Json::parse(text, watch);
+}
+
 }  // namespace
 
 std::string ExportTables(const std::vector<CustomerRecord>& customers, const std::vector<EstimateRecord>& plans) {
@@ -234,7 +247,7 @@ std::string ExportTables(const std::vector<CustomerRecord>& customers, const std
 ExchangeTables ImportTables(std::string_view text) {
   Json json;
   try {
-    json = Json::parse(text);
+    json = Parse(text);
   } catch (const Json::parse_error& error) {
     throw ExchangeError(LineOf(text, error.byte) + ": this is no JSON");
   }

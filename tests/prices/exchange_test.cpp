@@ -73,6 +73,7 @@ TEST(Exchange, WhatCannotBeTakenIsRefusedWithItsPlace) {
       {R"({"plans": [{"Roof": 1}]})", "plans[0].Roof"},
       {R"({"plans": [{"planType": 1}]})", "plans[0].planType"},
       {R"({"plans": [{"PlanType": 1, "PlanTyp": 1}]})", "plans[0].PlanTyp"},
+      {R"({"plans": [{"PlanType": 1, "PlanType": 2}]})", "PlanType"},
       {R"({"plans": [{"PlanType": "1"}]})", "plans[0].PlanType"},
       {R"({"plans": [{"PlanType": 1.5}]})", "plans[0].PlanType"},
       {R"({"plans": [{"PlanType": 1.0}]})", "plans[0].PlanType"},
