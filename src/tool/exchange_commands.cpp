@@ -23,8 +23,9 @@ void RunExport(const CommandContext& context, const ExportCall& call) {
     Deliver(ExportTables(ReadAllCustomers(context.folder), ReadAllEstimates(context.folder)), {});
     return;
   }
-  const auto customer = FindCustomerRecord(context.folder, *call.customer);
-  if (!customer) throw CommandError("customer " + std::to_string(*call.customer), "not on file");
+  // A plan may stand under a number that no customer has.
+  std::vector<CustomerRecord> customers;
+  if (const auto customer = FindCustomerRecord(context.folder, *call.customer)) customers.push_back(*customer);
   std::vector<EstimateRecord> plans;
   if (call.plan) {
     const auto plan = FindEstimate(context.folder, *call.customer, DataText(*call.plan, "--plan"));
@@ -33,7 +34,8 @@ void RunExport(const CommandContext& context, const ExportCall& call) {
   } else {
     plans = ReadEstimatesOfCustomer(context.folder, *call.customer);
   }
-  Deliver(ExportTables({*customer}, plans), {});
+  if (customers.empty() && plans.empty()) throw CommandError("customer " + std::to_string(*call.customer), "not on file");
+  Deliver(ExportTables(customers, plans), {});
 }
 
 // Opens the folder for a change. Where something is wrong that the start does not mend, nothing is changed.
