@@ -1,0 +1,74 @@
+#include "shell/frm_tasks.h"
+
+#include "shell/frm_address.h"
+
+namespace norvale {
+
+namespace {
+
+void SayNotInThisVersion(Program& program, std::string_view what) {
+  program.messages.ShowMessage(Notice(std::string(what) + " is not part of this version of Norvale yet."));
+}
+
+void EditCustomers(Program& program, QWidget* menu) { frmAddress(program, CustomerFormMode::Customer, menu).exec(); }
+
+void EditCompany(Program& program, QWidget* menu) { frmAddress(program, CustomerFormMode::Company, menu).exec(); }
+
+// The customer first, so that the checklist opens with his number and name; with Cancel they are typed there.
+void EnterNewPlan(Program& program, QWidget* menu) {
+  frmAddress(program, CustomerFormMode::Estimate, menu).exec();
+  SayNotInThisVersion(program, "Entering plans");
+}
+
+}  // namespace
+
+void RunTask(Program& program, MenuChoice choice, QWidget* menu) {
+  switch (choice) {
+    case MenuChoice::NewEstimate:
+      EnterNewPlan(program, menu);
+      break;
+    case MenuChoice::ExistingEstimate:
+      SayNotInThisVersion(program, "Opening plans");
+      break;
+    case MenuChoice::ExistingCustomer:
+      EditCustomers(program, menu);
+      break;
+    case MenuChoice::CustomerList:
+    case MenuChoice::PrintCustomerList:
+      SayNotInThisVersion(program, "Printing the customer list");
+      break;
+    case MenuChoice::PrintWorksheet:
+      SayNotInThisVersion(program, "Printing worksheets");
+      break;
+    case MenuChoice::PrintEstimate:
+      SayNotInThisVersion(program, "Printing estimates");
+      break;
+    case MenuChoice::PrintEstimateList:
+      SayNotInThisVersion(program, "Printing the estimate list");
+      break;
+    case MenuChoice::CompanyInformation:
+      EditCompany(program, menu);
+      break;
+    case MenuChoice::MaterialDefaults:
+      SayNotInThisVersion(program, "Editing the material lists");
+      break;
+    case MenuChoice::Prices:
+      SayNotInThisVersion(program, "Editing the price list");
+      break;
+    case MenuChoice::WasteFactors:
+      SayNotInThisVersion(program, "Editing the waste factors");
+      break;
+    // The menu goes from panel to panel by itself.
+    case MenuChoice::EstimateMenu:
+    case MenuChoice::CustomerMenu:
+    case MenuChoice::PrintMenu:
+    case MenuChoice::UtilityMenu:
+    case MenuChoice::MainMenu:
+    case MenuChoice::LeaveProgram:
+      break;
+  }
+}
+
+void RunCalculator(Program& program, QWidget* /*control*/) { SayNotInThisVersion(program, "The calculator"); }
+
+}  // namespace norvale

@@ -1,0 +1,17 @@
+// What the menu's choices open. A form that is new to the program gets its line here and nowhere else.
+#pragma once
+
+#include "shell/menu_table.h"
+#include "shell/program.h"
+
+class QWidget;
+
+namespace norvale {
+
+/// Shows the form of the choice and returns when it has closed.
+void RunTask(Program& program, MenuChoice choice, QWidget* menu);
+
+/// Opens the calculator above the control that asked for it.
+void RunCalculator(Program& program, QWidget* control);
+
+}  // namespace norvale

@@ -1,0 +1,31 @@
+// The desktop program. It works in the current folder.
+#include <QApplication>
+
+#include "shell/frm_keys.h"
+#include "shell/frm_look.h"
+#include "shell/frm_mbox.h"
+#include "shell/frm_menu.h"
+#include "shell/frm_start.h"
+#include "shell/frm_tasks.h"
+#include "shell/working_folder.h"
+
+int main(int argc, char** argv) {
+  using namespace norvale;
+  QApplication app(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("norvale"));
+  QApplication::setApplicationDisplayName(QString());
+  QApplication::setQuitOnLastWindowClosed(false);  // forms come and go before the menu is there
+  ApplyLook(app, SystemLook());
+  ScreenMessages messages;
+  FormKeys keys;
+
+  frmStart().exec();
+  Session session;
+  const auto folder = OpenWorkingFolder(std::filesystem::current_path(), session, messages);
+  if (!folder) return 1;
+  Program program{*folder, session, messages};
+  keys.SetCalculator([&program](QWidget* control) { RunCalculator(program, control); });
+  frmMenu menu(program, [&program](MenuChoice choice, QWidget* form) { RunTask(program, choice, form); });
+  menu.exec();
+  return 0;
+}
