@@ -70,6 +70,9 @@ struct CustomerFiles {
   static constexpr DataFile kIndexWithout = DataFile::CustomerIndexWithout;
 
   static Key KeyOf(const Entry& entry) { return static_cast<Key>(entry.CustomerKey); }
+
+  /// What a search guesses a key's place by.
+  static int NumberOf(Key key) { return key; }
   static Entry EntryFor(const Record& record, std::int32_t position) { return {record.CustomerRecordNumber, position}; }
 
   /// The same from the record's packed bytes, without reading the rest of it.
@@ -95,6 +98,15 @@ struct EstimateFiles {
 
   static Key KeyOf(const Entry& entry) { return entry.Key.Raw(); }
   static Key KeyOf(Entry&&) = delete;  // it would dangle
+
+  /// What a search guesses a key's place by: the customer's number.
+  static int NumberOf(Key key) {
+    int number = 0;
+    for (const char c : key.substr(0, 5))
+      if (c >= '0' && c <= '9') number = 10 * number + (c - '0');
+    return number;
+  }
+
   static Entry EntryFor(const Record& record, std::int32_t position) { return {EstimateKey(record), position}; }
 
   /// The same from the record's packed bytes, without reading the rest of it.
