@@ -70,6 +70,12 @@ TEST(PlanChecks, WalkingThroughABoxChangesNothingThatFits) {
   EXPECT_FALSE(stranded.Has(chk12field)) << "without two levels it goes on any key";
 }
 
+TEST(PlanChecks, TheBlankKeyExcludes) {
+  PlanChecks checks = Ticked({chkectvinyl, chkwhvinyl});
+  KeyOnCheck(checks, chkectvinyl, ' ');
+  EXPECT_EQ(checks, Ticked({chkectvinyl}));
+}
+
 TEST(PlanChecks, DisabledBoxesStay) {
   PlanChecks checks = Ticked({chkCrawl10});
   checks.isEnabled = false;

@@ -110,6 +110,13 @@ void ExpectAsRead(const PlanForm& form, const std::string& where) {
   EXPECT_EQ(OpenJoists(form), joists) << where;
 }
 
+void ExpectCaptionsAsBoxes(const PlanForm& form, const std::string& where) {
+  std::set<int> captions;
+  for (int line = 0; line < static_cast<int>(kScreenLines); ++line)
+    if (form.lblLine[line].enabled) captions.insert(line);
+  EXPECT_EQ(captions, OpenBoxes(form)) << where;
+}
+
 TEST(FieldLists, TheReadingNamesEveryLineOnce) {
   std::multiset<int> named;
   for (const OpenLines& group : Reading()) named.insert(group.lines.begin(), group.lines.end());
@@ -121,22 +128,44 @@ TEST(FieldLists, NewPlansOfEveryTypeOpenWhatTheirHouseHas) {
   for (const int type : PlanTypes()) {
     const PlanForm form = NewForm(type);
     ExpectAsRead(form, "type " + std::to_string(type));
+    ExpectCaptionsAsBoxes(form, "type " + std::to_string(type));
     EXPECT_EQ(form.mark, ChangeMark::None) << type;
   }
 }
 
-TEST(FieldLists, EveryRowOfEveryDecidingListOpensWhatItNeeds) {
+// One choice after another, so that a rule must also take back what the choice before has opened or shut.
+TEST(FieldLists, EveryRowAfterEveryOtherOpensWhatItNeeds) {
   for (const int type : PlanTypes()) {
     const PlanForm start = NewForm(type);
-    for (const int list : {4, 10, 16, 17, 19, 24, 25, 29, 34})
-      for (std::size_t row = 0; row < start.combo1[list].rows.size(); ++row) {
-        PlanForm form = start;
-        ClickSelectionBox(form, list, static_cast<int>(row));
-        const std::string where = "type " + std::to_string(type) + ", list " + std::to_string(list) + ", row " + std::to_string(row + 1);
-        ExpectAsRead(form, where);
-        EXPECT_EQ(form.mark, form.combo1[list].enabled ? ChangeMark::Modified : ChangeMark::None) << where;
-      }
+    for (const int list : {4, 10, 16, 17, 19, 24, 25, 29, 34}) {
+      const int rows = static_cast<int>(start.combo1[list].rows.size());
+      for (int first = 0; first < rows; ++first)
+        for (int second = 0; second < rows; ++second) {
+          if (list == 24 && second != first) continue;
+          PlanForm form = start;
+          ClickSelectionBox(form, list, first);
+          ClickSelectionBox(form, list, second);
+          const std::string where = "type " + std::to_string(type) + ", list " + std::to_string(list) + ", row " +
+                                    std::to_string(second + 1) + " after " + std::to_string(first + 1);
+          ExpectAsRead(form, where);
+          ExpectCaptionsAsBoxes(form, where);
+          EXPECT_EQ(form.mark, form.combo1[list].enabled ? ChangeMark::Modified : ChangeMark::None) << where;
+        }
+    }
   }
+}
+
+TEST(FieldLists, SoffitAndFinishDecideTogether) {
+  for (const int type : {kOneStoryCrawl, kTwoLevelSlab, kTwoLevelCrawl | kBrickVeneer})
+    for (int finish = 0; finish < 5; ++finish)
+      for (int soffit = 0; soffit < 6; ++soffit)
+        for (const bool finishFirst : {true, false}) {
+          PlanForm form = NewForm(type);
+          if (finishFirst) ClickSelectionBox(form, 34, finish);
+          ClickSelectionBox(form, 10, soffit);
+          if (!finishFirst) ClickSelectionBox(form, 34, finish);
+          ExpectAsRead(form, "type " + std::to_string(type) + ", finish " + std::to_string(finish) + ", soffit " + std::to_string(soffit));
+        }
 }
 
 TEST(FieldLists, AReopenedPlanIsOpenWhereItWasWhenItWasStored) {
@@ -157,12 +186,39 @@ TEST(FieldLists, AReopenedPlanIsOpenWhereItWasWhenItWasStored) {
   }
 }
 
-TEST(FieldLists, CaptionsAreOpenWhereTheirBoxesAre) {
-  for (const int type : PlanTypes()) {
-    const PlanForm form = NewForm(type);
-    const std::set<int> open = OpenBoxes(form);
-    for (int line = 0; line < static_cast<int>(kScreenLines); ++line)
-      EXPECT_EQ(form.lblLine[line].enabled, open.contains(line)) << "type " << type << ", line " << line;
+// What a stored choice shuts before the rules of the lines look at the lists.
+TEST(FieldLists, StoredChoicesShutTheirFields) {
+  struct Case {
+    std::int16_t EstimateRecord::*field;
+    int value;
+    std::set<int> shut;
+  };
+  const int type = kTwoLevelCrawl | kAttachedGarage | kCarport | kFieldFramedHalfStory;
+  const auto open = [](EstimateRecord& plan) {
+    PlanForm form;
+    form.PlanType = plan.PlanType;
+    PlaceLines(form, DeliveredScreenLines());
+    LoadPlanIntoForm(form, PlanMode::Existing, plan, DeliveredMaterialRows());
+    ApplyPlanTypeRules(form, plan);
+    return form;
+  };
+  EstimateRecord plain = BlankPlan();
+  plain.PlanType = type;
+  const std::set<int> all = OpenBoxes(open(plain));
+  for (const Case& c :
+       {Case{&EstimateRecord::FoundationType, 1, {47}}, Case{&EstimateRecord::FoundationType, 2, Lines(40, 46)},
+        Case{&EstimateRecord::Combo19Index, 1, Lines(34, 39)}, Case{&EstimateRecord::Combo19Index, 2, {}},
+        Case{&EstimateRecord::Combo25Index, 1, {}}, Case{&EstimateRecord::Combo25Index, 2, {58}},
+        Case{&EstimateRecord::SecondFloorFramed, 1, {}}, Case{&EstimateRecord::SecondFloorFramed, 2, {67, 69, 70, 71, 72, 73}},
+        Case{&EstimateRecord::Combo34Index, 1, Lines(84, 89)}, Case{&EstimateRecord::Combo34Index, 2, {84}},
+        Case{&EstimateRecord::Combo34Index, 3, {85, 89}}, Case{&EstimateRecord::Combo34Index, 4, {}}}) {
+    EstimateRecord plan = plain;
+    plan.*c.field = static_cast<std::int16_t>(c.value);
+    const PlanForm form = open(plan);
+    std::set<int> expected = all;
+    for (const int line : c.shut) expected.erase(line);
+    EXPECT_EQ(OpenBoxes(form), expected) << c.value;
+    ExpectCaptionsAsBoxes(form, std::to_string(c.value));
   }
 }
 
@@ -195,8 +251,15 @@ TEST(FieldLists, TheTypeFixesItsBoxes) {
   };
   for (const Case& c : {Case{1, 14, 0}, Case{4, 14, 1}, Case{8, 14, 1}, Case{1, 28, 0}, Case{2, 28, 1}, Case{4, 28, 0}, Case{8, 28, 1},
                         Case{2, 17, 0}, Case{8, 17, 1}, Case{4, 26, 1}, Case{20, 26, 0}, Case{4, 27, 1}, Case{68, 27, 0}, Case{132, 27, 0},
-                        Case{516, 34, 0}, Case{8, 29, 0}, Case{2056, 29, 1}, Case{2050, 29, 1}, Case{1032, 29, 0}})
+                        Case{516, 34, 0}, Case{8, 29, 0}, Case{2056, 29, 1}, Case{2050, 29, 1}, Case{1032, 29, 0}}) {
     EXPECT_EQ(NewForm(c.type).combo1[static_cast<std::size_t>(c.list)].ListIndex, c.row) << "type " << c.type << ", list " << c.list;
+    if (c.list == 29) continue;  // the operator's own once the plan is stored
+    EstimateRecord contrary = BlankPlan();
+    contrary.PlanType = static_cast<std::int16_t>(c.type);
+    contrary.*kPlanChoices[static_cast<std::size_t>(c.list)].index = c.row == 0 ? 2 : 1;
+    const int row = c.list == 17 && c.row == 1 ? 0 : c.row;  // a crawl space keeps its girder
+    EXPECT_EQ(OpenedForm(contrary).combo1[static_cast<std::size_t>(c.list)].ListIndex, row) << "type " << c.type << ", list " << c.list;
+  }
 }
 
 TEST(FieldLists, AnOpenedPlanKeepsItsFramingUnderAtticTrusses) {
@@ -287,6 +350,10 @@ TEST(Worksheet, OpensGirderAndJoistCaptionsAgain) {
   EnableLabelsForPrint(form, 66);
   EXPECT_TRUE(form.lblLine[22].enabled && form.lblLine[27].enabled && form.lblLine[67].enabled && form.lblLine[73].enabled);
   EXPECT_FALSE(form.lblLine[28].enabled) << "the wider girder is not asked for";
+  SelectRow(form, 34, 0);
+  ASSERT_FALSE(form.lblLine[88].enabled);
+  EnableLabelsForPrint(form, 82);
+  EXPECT_TRUE(form.lblLine[88].enabled);
   EXPECT_EQ(NextEnabledLine(form, 93), -1);
 }
 

@@ -59,6 +59,7 @@ TEST_F(PlanSearch, FindsTheFirstThatFits) {
       EXPECT_EQ(session.EstimateCursor, cursor) << c.what;
     }
     EXPECT_EQ(result.notice, c.notice == nullptr ? "" : "0 End of file, Find unable to locate " + std::string(c.notice) + "|") << c.what;
+    EXPECT_EQ(result.hasRecord, *c.plan != '\0') << c.what;
     EXPECT_EQ(session.CustomerSearchText, "") << c.what;
   }
 }

@@ -274,6 +274,8 @@ TEST(RoofForm, ARoofWithoutCeilingJoistsIsToldOnce) {
   RoofForm form = RoofOf(1);
   EXPECT_EQ(FinishJoists(form), "0 Without ceiling joists the rafters of this roof are not listed!|");
   EXPECT_EQ(FinishJoists(form), "");
+  RoofForm none = RoofOf(0);
+  EXPECT_EQ(FinishJoists(none), "");
   RoofForm joisted = RoofOf(1);
   joisted.txtTWOxEIGHT[4] = "12.2";
   EXPECT_EQ(FinishJoists(joisted), "");

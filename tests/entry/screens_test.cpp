@@ -334,7 +334,7 @@ TEST(Screens, AStepPassesOverScreensWithoutAnOpenLine) {
   };
   // A one-story slab has nothing to enter on screens 3 and 4, and below the joists of screen 6 nothing either.
   for (const Case& c : {Case{1, 0, 1, 1, 7}, Case{1, 2, 1, 5, 49}, Case{1, 5, -1, 2, 14}, Case{1, 5, 1, 8, 78}, Case{1, 8, -1, 5, 49},
-                        Case{4, 2, 1, 3, 20}, Case{1, 0, -1, 0, 2}, Case{4, 10, 1, 10, 87}, Case{17, 5, 1, 6, 59}}) {
+                        Case{4, 2, 1, 3, 20}, Case{1, 0, -1, 0, 2}, Case{4, 1, -1, 0, 0}, Case{4, 10, 1, 10, 87}, Case{17, 5, 1, 6, 59}}) {
     PlanForm form = NewForm(c.type);
     GoToScreen(form, c.from);
     ASSERT_EQ(form.CurrentScreen, c.from);
