@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QShortcutEvent>
 #include <QVariant>
 
 #include "shell/frm_help.h"
@@ -42,7 +43,17 @@ void MoveOn(QWidget* from) {
 FormKeys::FormKeys(QObject* parent) : QObject(parent) { qApp->installEventFilter(this); }
 
 bool FormKeys::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
+  if (!watched->isWidgetType()) return false;
+  if (event->type() == QEvent::Shortcut) {
+    // A button's own answer to ALT with its letter is a click a tenth of a second later: what is typed meanwhile would go
+    // into the boxes of the record before.
+    auto* const button = qobject_cast<QAbstractButton*>(watched);
+    if (button == nullptr || static_cast<QShortcutEvent*>(event)->isAmbiguous()) return false;
+    button->setFocus(Qt::ShortcutFocusReason);
+    button->click();
+    return true;
+  }
+  if (event->type() != QEvent::KeyPress) return false;
   auto* const control = static_cast<QWidget*>(watched);
   const auto& key = *static_cast<QKeyEvent*>(event);
   if (key.key() == Qt::Key_F1 && key.modifiers() == Qt::NoModifier) {

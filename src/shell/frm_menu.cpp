@@ -24,6 +24,7 @@ namespace {
 
 constexpr QSize kLeastWindow(1024, 700);
 constexpr int kCardsInRow = 3;
+constexpr int kLinesOfCards = 2;
 
 QFont CaptionFont(const QFont& usual) {
   QFont font = usual;
@@ -186,7 +187,9 @@ frmMenu::Panel frmMenu::MakePanel(const MenuPanel& menu) {
     grid->addWidget(card, static_cast<int>(i) / kCardsInRow, static_cast<int>(i) % kCardsInRow);
     panel.buttons.push_back(card);
   }
+  // Every menu has the same places, so that a button is where it was on the menu before.
   for (int column = 0; column < kCardsInRow; ++column) grid->setColumnStretch(column, 1);
+  for (int line = 0; line < kLinesOfCards; ++line) grid->setRowStretch(line, 1);
   panel.box->hide();
   return panel;
 }
@@ -285,7 +288,7 @@ void frmMenu::Choose(const MenuPanel& menu, MenuChoice choice) {
 void frmMenu::RunChoice(const MenuPanel& menu, MenuChoice choice) {
   isBusy_ = true;
   HidePanels();
-  SetStatusLine(EntryHint, StatusMode::Hint);
+  SetStatusLine(EntryHint, StatusMode::Message);
   Try(program_.messages, [&] {
     if (const std::string refusal = RefusalOf(program_.folder, program_.session, choice); !refusal.empty())
       program_.messages.ShowMessage(refusal);

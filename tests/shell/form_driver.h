@@ -1,0 +1,122 @@
+// Drives forms as an operator does: controls by their name, with keys and clicks.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <string>
+
+namespace norvale {
+
+inline constexpr int kLongestWait = 5000;  // milliseconds
+
+/// The control of that name; the test ends where there is none.
+template <typename Control = QWidget>
+Control* Find(QWidget& form, const char* name) {
+  auto* const control = form.findChild<Control*>(QString::fromLatin1(name));
+  if (control == nullptr) throw std::logic_error(std::string("no control ") + name);
+  return control;
+}
+
+/// Shows a form that is not modal, with the focus in it.
+inline void ShowActive(QWidget& form) {
+  form.show();
+  form.activateWindow();
+  if (!QTest::qWaitForWindowActive(&form, kLongestWait)) throw std::logic_error("the form does not become active");
+  // Without a screen, a window that is shown again counts as active already and nobody tells the program.
+  QApplication::setActiveWindow(&form);
+}
+
+/// Sends a key to the control that has the focus.
+inline void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  if (QApplication::focusWidget() == nullptr) throw std::logic_error("nothing has the focus");
+  QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+  QApplication::processEvents();
+}
+
+inline void Keys(const char* text) {
+  for (const char* at = text; *at != '\0'; ++at) {
+    if (QApplication::focusWidget() == nullptr) throw std::logic_error("nothing has the focus");
+    QTest::keyClick(QApplication::focusWidget(), *at);
+  }
+  QApplication::processEvents();
+}
+
+/// A letter that the test library has no key for.
+inline void Letter(const QString& letter) {
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, letter);
+  QApplication::sendEvent(QApplication::focusWidget(), &press);
+  QApplication::processEvents();
+}
+
+/// Puts the focus into a box and types over what stands there.
+inline void Type(QWidget& form, const char* box, const char* text) {
+  auto* const edit = Find<QLineEdit>(form, box);
+  edit->setFocus();
+  edit->selectAll();
+  if (*text == '\0')
+    QTest::keyClick(edit, Qt::Key_Delete);
+  else
+    Keys(text);
+}
+
+inline void Click(QWidget& form, const char* button) {
+  QTest::mouseClick(Find<QPushButton>(form, button), Qt::LeftButton);
+  QApplication::processEvents();
+}
+
+inline std::string Text(QWidget& form, const char* box) { return Find<QLineEdit>(form, box)->text().toStdString(); }
+
+/// The name of the control that has the focus.
+inline std::string Focus() {
+  const QWidget* const focus = QApplication::focusWidget();
+  return focus == nullptr ? "" : focus->objectName().toStdString();
+}
+
+/// Runs `drive` in the next modal form of the type, once, while `open` keeps it open. Fails where no such form opens; one
+/// that `drive` leaves open is closed.
+template <typename Form, typename Drive, typename Open>
+void DriveModal(Open open, Drive drive) {
+  bool opened = false;
+  QTimer poll;
+  QElapsedTimer since;
+  since.start();
+  QObject::connect(&poll, &QTimer::timeout, [&] {
+    auto* const form = qobject_cast<Form*>(QApplication::activeModalWidget());
+    if (form == nullptr) {
+      if (since.elapsed() > kLongestWait)
+        if (QWidget* const other = QApplication::activeModalWidget()) other->close();
+      return;
+    }
+    poll.stop();
+    opened = true;
+    // A click in `drive` may open another form in turn, whose loop lets other timers run: this one is stopped.
+    try {
+      ShowActive(*form);
+      drive(*form);
+    } catch (const std::logic_error& error) {
+      ADD_FAILURE() << error.what();
+    }
+    if (form->isVisible()) {
+      ADD_FAILURE() << form->objectName().toStdString() << " was left open";
+      form->done(0);
+    }
+  });
+  poll.start(5);
+  open();
+  EXPECT_TRUE(opened) << "the form never opened";
+  // A window manager gives the focus back to the form below; without a screen nobody does.
+  QWidget* below = QApplication::activeModalWidget();
+  for (QWidget* const window : QApplication::topLevelWidgets())
+    if (below == nullptr && window->isVisible()) below = window;
+  if (below != nullptr) ShowActive(*below);
+}
+
+}  // namespace norvale
