@@ -15,7 +15,6 @@ namespace {
 using enum PlanCheck;
 
 constexpr int kBlankKey = 32;
-constexpr int kEnter = 13;
 constexpr int kBackspace = 8;
 constexpr int kDelete = 127;
 
@@ -136,7 +135,7 @@ bool TakesKey(ChecklistBox box, int key, std::size_t length) {
     case ChecklistBox::txtdate:
       return edits || ((IsDigitKey(key) || key == '-') && length < decltype(EstimateRecord::PlanDate)::kWidth);
     case ChecklistBox::txtPlanNbr:
-      return edits || key == kEnter || key < kBlankKey || length < decltype(EstimateRecord::PlanNumber)::kWidth;
+      return edits || key < kBlankKey || length < decltype(EstimateRecord::PlanNumber)::kWidth;
     case ChecklistBox::txtCustName:
       break;
   }

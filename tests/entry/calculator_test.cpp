@@ -44,6 +44,7 @@ TEST(Calculator, ReckonsChains) {
                         Case{"8+3C4=", "12"},
                         Case{"8+3C=", "8"},
                         Case{"8C5=", "5"},
+                        Case{"8+3C", "0"},
                         Case{"8+3D", "0"},
                         Case{"8+3D4+1=", "5"},
                         Case{"200+10%=", "220"},

@@ -289,6 +289,12 @@ TEST(FieldLists, JoistBoxesOfATrussedFloorAreOutOfSightUntilJoistsAreChosen) {
   EXPECT_TRUE(form.TxtDispJoist[5].visible);
 }
 
+TEST(FieldLists, ASillPlateNeedsMoreThanAFoundation) {
+  for (const auto& [type, isOpen] :
+       std::vector<std::pair<int, bool>>{{4, false}, {8, false}, {12, false}, {20, true}, {72, true}, {520, true}})
+    EXPECT_EQ(NewForm(type).combo1[23].enabled, isOpen) << type;
+}
+
 TEST(FieldLists, AnEightFootSheetTakesTheHeightWithIt) {
   PlanForm form = NewForm(kOneStoryCrawl);
   ClickSelectionBox(form, 4, 0);

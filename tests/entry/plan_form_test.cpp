@@ -3,8 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
+#include "base/files.h"
+#include "data/keyed_files.h"
 #include "entry/entry_form.h"
 #include "entry/field_lists.h"
+#include "entry/screens.h"
+#include "prices/exchange.h"
 
 namespace norvale {
 namespace {
@@ -32,6 +38,24 @@ TEST(PlanForm, LoadAndStoreAreTheReverseOfOneAnother) {
   const PlanForm form = OpenedForm(plan);
   StorePlanFromForm(form, plan);
   EXPECT_EQ(plan, before);
+}
+
+TEST(PlanForm, SamplePlansAreTheSameAfterTheyWereOpened) {
+  int plans = 0;
+  for (const auto& file : std::filesystem::directory_iterator(std::filesystem::path(NORVALE_SOURCE_DIR) / "samples")) {
+    if (!file.path().filename().string().starts_with("plan-")) continue;
+    for (EstimateRecord plan : ImportTables(ReadWholeFile(file.path())).plans) {
+      PadTexts(plan);
+      EstimateRecord stored = plan;
+      const PlanForm form = OpenedForm(stored);
+      StorePlanFromForm(form, stored);
+      EXPECT_EQ(ExportTables({}, {stored}), ExportTables({}, {plan})) << file.path();
+      EXPECT_EQ(stored, plan) << file.path();
+      EXPECT_FALSE(FirstNumberFault(form).has_value()) << file.path();
+      ++plans;
+    }
+  }
+  EXPECT_GT(plans, 10);
 }
 
 TEST(PlanForm, EveryDeliveredRowComesBack) {
@@ -144,6 +168,9 @@ TEST(PlanForm, AStoredChoiceIsFoundByRowThenByText) {
     EXPECT_EQ(ShownText(form.combo1[24]), c.shown) << c.what;
     StorePlanFromForm(form, plan);
     EXPECT_EQ(plan.FloorJoistSizeIndex, c.storedIndex) << c.what;
+    SelectRow(form, 24, 0);
+    SelectRow(form, 24, -1);
+    EXPECT_EQ(ShownText(form.combo1[24]), "") << c.what << ", once another row was chosen";
   }
 }
 
