@@ -72,6 +72,14 @@ inline void Click(QWidget& form, const char* button) {
   QApplication::processEvents();
 }
 
+/// The same with time between pressing and letting go, as a hand takes it.
+inline void SlowClick(QWidget& form, const char* button) {
+  QTest::mousePress(Find<QPushButton>(form, button), Qt::LeftButton);
+  QApplication::processEvents();
+  QTest::mouseRelease(Find<QPushButton>(form, button), Qt::LeftButton);
+  QApplication::processEvents();
+}
+
 inline std::string Text(QWidget& form, const char* box) { return Find<QLineEdit>(form, box)->text().toStdString(); }
 
 /// The name of the control that has the focus.

@@ -151,6 +151,8 @@ TEST_F(frmMenuTest, EachButtonRunsItsTaskAndComesBack) {
     EXPECT_EQ(tasks, std::vector{row.choice}) << row.button;
     EXPECT_EQ(modesInTask, row.during) << row.button;
     EXPECT_EQ(Shown(), shown) << row.button;
+    EXPECT_EQ(MenuOfModes(menu.Modes()).value_or(FindMenu(row.menu)->menu), FindMenu(row.menu)->menu) << row.button;
+    EXPECT_EQ(menu.Modes().utility, UtilityMode::None) << row.button;
     EXPECT_EQ(Focus(), std::string(row.button, 8) + "_0") << row.button;
     Key(Qt::Key_Escape);
     EXPECT_EQ(Shown(), "pctMainMenu:Main Menu ") << row.button;
