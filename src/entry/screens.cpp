@@ -234,6 +234,11 @@ BoxLeaving LeaveJoistBox(PlanForm& form, int box) {
 
 void RoundNumberBox(PlanForm& form, int box) { SetNumberText(form, box, RoundedUp(form.TxtDisp[box].text)); }
 
+void RoundJoistBox(PlanForm& form, int box) {
+  const NumberEntry entry = EnterJoistLength(form.TxtDispJoist[box].text);
+  if (entry.message.empty()) SetJoistText(form, box, entry.text);
+}
+
 void ClickSelectionBox(PlanForm& form, int box, int row) {
   if (!form.combo1[box].enabled) return;
   SelectRow(form, box, row);

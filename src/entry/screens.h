@@ -42,14 +42,15 @@ void EnterNumberBox(PlanForm& form, int box);
 
 /// Applies the rules for a number box that is left for another one: rounded up, not negative, not empty where a value is
 /// needed, 0 to 32767. An entry that was asked for once is let pass the second time. Buttons that leave the screen, Esc and
-/// closing do not come here; `RoundNumberBox` serves them.
+/// closing do not come here; `RoundNumberBox` and `RoundJoistBox` serve them.
 BoxLeaving LeaveNumberBox(PlanForm& form, int box);
 
 /// The same for a joist box: even feet, 8 or more, or 0.
 BoxLeaving LeaveJoistBox(PlanForm& form, int box);
 
-/// Rounds the box up as leaving it would, and asks nothing.
+/// Rounds the box as leaving it would, and asks nothing. What leaving it would refuse stays for `FirstNumberFault`.
 void RoundNumberBox(PlanForm& form, int box);
+void RoundJoistBox(PlanForm& form, int box);
 
 /// The operator chooses a row (from 0) of a list: the field rule of its line runs, the plan is marked, and the captions in
 /// sight follow. Nothing where the list is shut.

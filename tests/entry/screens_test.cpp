@@ -142,6 +142,16 @@ TEST(JoistBox, HoldsEvenFeetFromEight) {
   }
 }
 
+TEST(JoistBox, AButtonRoundsAndAsksNothing) {
+  PlanForm form = NewForm(kOneStoryCrawl);
+  for (const auto& [typed, shown] :
+       std::vector<std::pair<const char*, const char*>>{{"9", "10"}, {"3", "8"}, {"32767", "32767"}, {"-9", "-9"}}) {
+    SetJoistText(form, 0, typed);
+    RoundJoistBox(form, 0);
+    EXPECT_EQ(form.TxtDispJoist[0].text, shown);
+  }
+}
+
 TEST(NumberKeys, AreDigitsPointAndTheKeysThatDelete) {
   std::string taken;
   for (int key = 0; key < 256; ++key)
