@@ -5,7 +5,7 @@ norvale_packages=(
   build-essential cmake ninja-build
   libgtest-dev libgmock-dev libbenchmark-dev
   nlohmann-json3-dev libcli11-dev libsqlite3-dev
-  qt6-base-dev libqt6svg6-dev fonts-dejavu-core
+  qt6-base-dev qt6-svg-dev fonts-dejavu-core
 )
 
 norvale_setup() {
