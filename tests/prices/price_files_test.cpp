@@ -1,9 +1,11 @@
+#include <gtest/gtest.h>
+
 #include "base/file_error.h"
 #include "prices/delivered.h"
 #include "prices/material_lists.h"
 #include "prices/price_list.h"
 #include "prices/waste_factors.h"
-#include "support/temporary_folder.h"
+#include "support/scratch_folder.h"
 
 namespace norvale {
 namespace {
@@ -92,7 +94,7 @@ TEST(WasteFile, StoredValuesThenDesignTimeValues) {
   EXPECT_EQ(design.percent[54], 10);
   EXPECT_EQ(design.percent[94], 10);
 
-  TemporaryFolder folder;
+  ScratchFolder folder;
   EXPECT_EQ(LoadWasteFactors(folder.Path()), design);
   EXPECT_FALSE(std::filesystem::exists(folder / "NVdata04.dat"));
   for (const std::size_t size : {0U, 1U, 2U, 7U, 189U, 190U}) {
@@ -138,7 +140,7 @@ TEST(MaterialLists, RowsAreFoundByListAndPosition) {
                         Case{1, 2, ""}, Case{2, 0, std::string(24, 'x')}, Case{3, 0, ""}, Case{0, -1, ""}})
     EXPECT_EQ(ListRowText(rows, c.list, c.position), c.text) << c.list << " " << c.position;
 
-  TemporaryFolder folder;
+  ScratchFolder folder;
   EXPECT_TRUE(LoadMaterialRows(folder.Path()).empty());
   WriteBytes(folder / "NVdata02.idx", std::string("\0\0#2 SYP                  \xFF\xFF\x01\0half a row", 40));
   const auto loaded = LoadMaterialRows(folder.Path());

@@ -16,6 +16,7 @@
 #include "shell/program.h"
 #include "support/asked_messages.h"
 #include "support/data_fixture.h"
+#include "support/refusing_disk.h"
 #include "support/scratch_folder.h"
 
 namespace norvale {

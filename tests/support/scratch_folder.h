@@ -1,12 +1,13 @@
-// A real folder of its own for one test, removed afterwards, and a disk that refuses from a chosen moment on.
+// A real folder of its own for one test, removed afterwards.
 #pragma once
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
 #include <string>
-
-#include "base/disk.h"
-#include "base/file_error.h"
+#include <string_view>
 
 namespace norvale {
 
@@ -14,7 +15,7 @@ class ScratchFolder {
  public:
   ScratchFolder() {
     std::string name = (std::filesystem::temp_directory_path() / "norvale-XXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr) throw FileError(name, "no scratch folder");
+    if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error(name + ": no scratch folder");
     path_ = name;
   }
   ~ScratchFolder() {
@@ -25,61 +26,22 @@ class ScratchFolder {
   ScratchFolder& operator=(const ScratchFolder&) = delete;
 
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+  [[nodiscard]] std::filesystem::path operator/(std::string_view name) const { return path_ / name; }
 
  private:
   std::filesystem::path path_;
 };
 
-/// The computer's disk until `reason` is set: then every call that changes something is refused with it.
-class RefusingDisk final : public Disk {
- public:
-  std::string reason;
+inline void WriteBytes(const std::filesystem::path& path, std::string_view bytes) {
+  std::ofstream file(path, std::ios::binary);
+  file << bytes;
+  if (!file.flush()) throw std::runtime_error(path.string() + ": cannot be written");
+}
 
-  std::unique_ptr<DiskFile> Open(const std::filesystem::path& path, Opening opening) override {
-    auto file = SystemDisk().Open(path, opening);
-    if (file == nullptr) return nullptr;
-    return std::make_unique<File>(*this, path, std::move(file));
-  }
-  void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
-    Refuse(from);
-    SystemDisk().Rename(from, to);
-  }
-  void Remove(const std::filesystem::path& path) override {
-    Refuse(path);
-    SystemDisk().Remove(path);
-  }
-  void SyncFolder(const std::filesystem::path& folder) override { SystemDisk().SyncFolder(folder); }
-  std::unique_ptr<DiskLock> TryLock(const std::filesystem::path& path) override {
-    Refuse(path);
-    return SystemDisk().TryLock(path);
-  }
-
- private:
-  class File final : public DiskFile {
-   public:
-    File(const RefusingDisk& disk, std::filesystem::path path, std::unique_ptr<DiskFile> file)
-        : disk_(disk), path_(std::move(path)), file_(std::move(file)) {}
-    std::uint64_t Size() override { return file_->Size(); }
-    std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t size) override { return file_->ReadAt(offset, to, size); }
-    void WriteAt(std::uint64_t offset, std::string_view bytes) override {
-      disk_.Refuse(path_);
-      file_->WriteAt(offset, bytes);
-    }
-    void Resize(std::uint64_t size) override {
-      disk_.Refuse(path_);
-      file_->Resize(size);
-    }
-    void Sync() override { file_->Sync(); }
-
-   private:
-    const RefusingDisk& disk_;
-    std::filesystem::path path_;
-    std::unique_ptr<DiskFile> file_;
-  };
-
-  void Refuse(const std::filesystem::path& path) const {
-    if (!reason.empty()) throw FileError(path.filename().string(), reason);
-  }
-};
+/// Empty for a file that is not there.
+inline std::string ReadBytes(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
 
 }  // namespace norvale

@@ -1,4 +1,6 @@
 // The commands that look after the data files, as a script meets them.
+#include <gtest/gtest.h>
+
 #include <sys/wait.h>
 
 #include <cstdlib>
@@ -6,7 +8,7 @@
 #include "data/batch_store.h"
 #include "data/folder_reader.h"
 #include "data/folder_start.h"
-#include "support/temporary_folder.h"
+#include "support/scratch_folder.h"
 
 namespace norvale {
 namespace {
@@ -44,8 +46,8 @@ class DataCommands : public testing::Test {
 
   [[nodiscard]] std::string InFolder(const std::string& rest) const { return "norvale-tool: " + scratch_.Path().string() + rest; }
 
-  TemporaryFolder scratch_;
-  TemporaryFolder other_;
+  ScratchFolder scratch_;
+  ScratchFolder other_;
 };
 
 TEST_F(DataCommands, DeleteTakesTheFirstOfSeveralPlansAndLeavesPlansToTheCompany) {

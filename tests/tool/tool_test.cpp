@@ -1,4 +1,6 @@
 // The companion command as a script meets it: its exit status and its two outputs.
+#include <gtest/gtest.h>
+
 #include <sys/wait.h>
 
 #include <algorithm>
@@ -8,7 +10,7 @@
 #include "data/folder_reader.h"
 #include "data/folder_start.h"
 #include "support/random_records.h"
-#include "support/temporary_folder.h"
+#include "support/scratch_folder.h"
 
 namespace norvale {
 namespace {
@@ -23,7 +25,7 @@ struct Outcome {
 
 class Tool : public testing::Test {
  protected:
-  TemporaryFolder scratch;
+  ScratchFolder scratch;
   const fs::path work = scratch / "work";
 
   // The folder comes first; "@" in the words stands for the scratch folder.
