@@ -26,7 +26,7 @@ struct Outcome {
 class Tool : public testing::Test {
  protected:
   ScratchFolder scratch;
-  const fs::path work = scratch / "work";
+  const fs::path work = scratch / "folder";
 
   // The folder comes first; "@" in the words stands for the scratch folder.
   Outcome Call(std::string words, const std::string& out = {}) {
@@ -39,13 +39,13 @@ class Tool : public testing::Test {
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out.empty() ? ReadBytes(target) : std::string(), ReadBytes(scratch / "err")};
   }
 
-  Outcome Do(const std::string& words) { return Call("--folder '@/work' --date 03-07-2026 " + words); }
+  Outcome Do(const std::string& words) { return Call("--folder '@/folder' --date 03-07-2026 " + words); }
 
   // A working folder with the customer 7, who has the plan A.
   void SetUp() override {
     WriteBytes(scratch / "small.json", R"({"customers": [{"CustomerRecordNumber": 7, "CustomerName": "Oak"}],
         "plans": [{"CustomerNumber": 7, "PlanNumber": "A", "PlanType": 4, "RoofSqFt": 2000, "RoofingIndex": 1}]})");
-    ASSERT_EQ(Call("new-folder '@/work'").status, 0);
+    ASSERT_EQ(Call("new-folder '@/folder'").status, 0);
     ASSERT_EQ(Do("import '@/small.json'").status, 0);
   }
 
@@ -81,14 +81,14 @@ TEST_F(Tool, FailuresAreOneLineAndPrintNothing) {
       {":", "print estimate --customer 7 --plan A234567890123456", "of customer 7: not on file"},
       {":", "print estimate --customer 7 --plan \xE4\xB8\xAD", "--plan: "},
       {":", "print estimate --customer 7 --plan A --output '@/nowhere/list.txt'", "/nowhere/list.txt"},
-      {":", "print estimate --customer 7 --plan A --output '@/work'", "/work"},
+      {":", "print estimate --customer 7 --plan A --output '@/folder'", "/folder"},
       {":", "export --customer 8", "customer 8: not on file"},
       {":", "export --customer 7 --plan B", "plan \"B\" of customer 7: not on file"},
       {":", "import '@/none.json'", "/none.json: "},
-      {":", "import '@/work'", "/work: "},
-      {"echo {} {} >NVdata04.dat", "import '@/work/NVdata04.dat'", "NVdata04.dat: line 1: "},
+      {":", "import '@/folder'", "/folder: "},
+      {"echo {} {} >NVdata04.dat", "import '@/folder/NVdata04.dat'", "NVdata04.dat: line 1: "},
       {":", "import '@/bad.json'", "bad.json: plans[1].PlanName: "},
-      {":", "new-folder '@/work'", "/work: "},
+      {":", "new-folder '@/folder'", "/folder: "},
       {":", "new-folder '@/small.json/x'", "/small.json/x: "},
   };
   WriteBytes(scratch / "bad.json", R"({"plans": [{"CustomerNumber": 7, "PlanNumber": "N"}, {"PlanName": "B"}]})");
@@ -141,7 +141,7 @@ TEST_F(Tool, WrongWordsTellTheUsage) {
                             "--date 01-02-20x6 export",
                             "--date ' 1- 2-2026' export",
                             "--date +1-02-2026 export"}) {
-    const Outcome outcome = Call(std::string("--folder '@/work' ") + words);
+    const Outcome outcome = Call(std::string("--folder '@/folder' ") + words);
     EXPECT_EQ(outcome.status, 2) << words;
     EXPECT_EQ(outcome.out, "") << words;
     EXPECT_EQ(outcome.err.substr(0, 14), "norvale-tool: ") << words << ": " << outcome.err;
