@@ -8,7 +8,7 @@
 #include <string>
 
 #include "data/customer_record.h"
-#include "shell/program.h"
+#include "desktop/program.h"
 
 namespace norvale {
 

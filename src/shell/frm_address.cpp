@@ -11,8 +11,8 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "shell/frm_keys.h"
-#include "shell/frm_text.h"
+#include "desktop/frm_keys.h"
+#include "desktop/frm_text.h"
 
 namespace norvale {
 

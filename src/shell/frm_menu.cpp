@@ -13,9 +13,9 @@
 #include <ctime>
 
 #include "base/text.h"
-#include "shell/frm_keys.h"
-#include "shell/frm_look.h"
-#include "shell/frm_text.h"
+#include "desktop/frm_keys.h"
+#include "desktop/frm_look.h"
+#include "desktop/frm_text.h"
 #include "shell/menu_checks.h"
 
 namespace norvale {

@@ -7,8 +7,8 @@
 #include <functional>
 #include <vector>
 
+#include "desktop/program.h"
 #include "shell/menu_table.h"
-#include "shell/program.h"
 #include "shell/status_line.h"
 
 class QLabel;

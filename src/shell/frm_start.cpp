@@ -5,8 +5,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "shell/frm_keys.h"
-#include "shell/frm_look.h"
+#include "desktop/frm_keys.h"
+#include "desktop/frm_look.h"
 
 namespace norvale {
 

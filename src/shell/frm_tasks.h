@@ -1,8 +1,8 @@
 // What the menu's choices open. A form that is new to the program gets its line here and nowhere else.
 #pragma once
 
+#include "desktop/program.h"
 #include "shell/menu_table.h"
-#include "shell/program.h"
 
 class QWidget;
 

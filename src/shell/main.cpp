@@ -1,9 +1,9 @@
 // The desktop program. It works in the current folder.
 #include <QApplication>
 
-#include "shell/frm_keys.h"
-#include "shell/frm_look.h"
-#include "shell/frm_mbox.h"
+#include "desktop/frm_keys.h"
+#include "desktop/frm_look.h"
+#include "desktop/frm_mbox.h"
 #include "shell/frm_menu.h"
 #include "shell/frm_start.h"
 #include "shell/frm_tasks.h"

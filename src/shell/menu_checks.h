@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "desktop/program.h"
 #include "shell/menu_table.h"
-#include "shell/program.h"
 
 namespace norvale {
 

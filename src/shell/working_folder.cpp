@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "data/folder_start.h"
+#include "desktop/program.h"
 #include "prices/new_folder.h"
-#include "shell/program.h"
 
 namespace norvale {
 

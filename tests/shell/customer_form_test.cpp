@@ -1,7 +1,7 @@
 #include "shell/customer_form.h"
 
 #include "data/customer_file.h"
-#include "shell/shell_fixture.h"
+#include "desktop/desktop_fixture.h"
 
 namespace norvale {
 namespace {
@@ -9,7 +9,7 @@ namespace {
 constexpr CustomerButton kAllButtons[] = {CustomerButton::Delete,   CustomerButton::Add, CustomerButton::Find,  CustomerButton::Next,
                                           CustomerButton::Previous, CustomerButton::Ok,  CustomerButton::Cancel};
 
-class CustomerFormTest : public ShellTest {
+class CustomerFormTest : public DesktopTest {
  protected:
   CustomerForm Open(CustomerFormMode mode = CustomerFormMode::Customer) { return OpenCustomerForm(program, mode); }
   void Press(CustomerForm& form, CustomerButton button) { PressButton(program, form, button); }

@@ -5,8 +5,8 @@
 
 #include <array>
 
-#include "shell/form_driver.h"
-#include "shell/shell_fixture.h"
+#include "desktop/desktop_fixture.h"
+#include "desktop/form_driver.h"
 
 namespace norvale {
 namespace {
@@ -22,7 +22,7 @@ constexpr const char* kPrevious = "cmdAddress_4";
 constexpr const char* kOk = "cmdAddress_5";
 constexpr const char* kCancel = "cmdAddress_6";
 
-class frmAddressTest : public ShellTest {
+class frmAddressTest : public DesktopTest {
  protected:
   // Opens the form and drives it until it closes. Returns whether it was left with OK.
   template <typename Drive>

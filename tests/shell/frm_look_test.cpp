@@ -1,5 +1,5 @@
 // What must hold for every form in both looks: names for the blind, the way of the focus, nothing clipped.
-#include "shell/frm_look.h"
+#include "desktop/frm_look.h"
 
 #include <gtest/gtest.h>
 
@@ -9,18 +9,18 @@
 #include <QTextBrowser>
 #include <cmath>
 
-#include "shell/form_driver.h"
+#include "desktop/desktop_fixture.h"
+#include "desktop/form_driver.h"
+#include "desktop/frm_help.h"
+#include "desktop/frm_mbox.h"
 #include "shell/frm_address.h"
-#include "shell/frm_help.h"
-#include "shell/frm_mbox.h"
 #include "shell/frm_menu.h"
 #include "shell/frm_start.h"
-#include "shell/shell_fixture.h"
 
 namespace norvale {
 namespace {
 
-class LookTest : public ShellTest {
+class LookTest : public DesktopTest {
  protected:
   LookTest() { StoreSamples(); }
   ~LookTest() override {

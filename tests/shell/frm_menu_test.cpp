@@ -3,11 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "shell/form_driver.h"
+#include "desktop/desktop_fixture.h"
+#include "desktop/form_driver.h"
+#include "desktop/frm_help.h"
 #include "shell/frm_address.h"
-#include "shell/frm_help.h"
 #include "shell/frm_tasks.h"
-#include "shell/shell_fixture.h"
 
 namespace norvale {
 namespace {
@@ -16,7 +16,7 @@ constexpr const char* kLeave = "2 Leave NORVALE Program ? |End Program";
 constexpr const char* kNoEstimates = "0 No Estimates on file to edit!|Norvale Help Notice";
 constexpr const char* kNoCustomers = "0 No Customers in file to Edit!|Norvale Help Notice";
 
-class frmMenuTest : public ShellTest {
+class frmMenuTest : public DesktopTest {
  protected:
   frmMenuTest() {
     ShowActive(menu);
@@ -247,7 +247,7 @@ TEST_F(frmMenuTest, HelpShowsItsPage) {
 }
 
 // The whole way, with the program's own tasks.
-class frmMenuWithTasksTest : public ShellTest {
+class frmMenuWithTasksTest : public DesktopTest {
  protected:
   frmMenuWithTasksTest() { ShowActive(menu); }
   frmMenu menu{program, [this](MenuChoice choice, QWidget* form) { RunTask(program, choice, form); }};

@@ -7,9 +7,9 @@
 
 #include "base/files.h"
 #include "data/folder_check.h"
+#include "desktop/desktop_fixture.h"
 #include "prices/delivered.h"
 #include "prices/new_folder.h"
-#include "shell/shell_fixture.h"
 
 namespace norvale {
 namespace {

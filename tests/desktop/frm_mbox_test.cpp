@@ -1,12 +1,12 @@
-#include "shell/frm_mbox.h"
+#include "desktop/frm_mbox.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QScreen>
 
-#include "shell/form_driver.h"
-#include "shell/frm_help.h"
+#include "desktop/form_driver.h"
+#include "desktop/frm_help.h"
 
 namespace norvale {
 namespace {

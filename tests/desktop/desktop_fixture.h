@@ -12,8 +12,8 @@
 #include "data/batch_store.h"
 #include "data/folder_reader.h"
 #include "data/folder_start.h"
+#include "desktop/program.h"
 #include "prices/new_folder.h"
-#include "shell/program.h"
 #include "support/asked_messages.h"
 #include "support/data_fixture.h"
 #include "support/refusing_disk.h"
@@ -24,9 +24,9 @@ namespace norvale {
 /// A plan as customer number and plan number; its mark tells it from others.
 using PlanName = std::pair<int, std::string>;
 
-class ShellTest : public testing::Test {
+class DesktopTest : public testing::Test {
  protected:
-  ShellTest() {
+  DesktopTest() {
     LayDeliveredFiles(folder);
     (void)StartFolder(folder, session);
   }

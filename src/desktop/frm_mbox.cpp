@@ -1,4 +1,4 @@
-#include "shell/frm_mbox.h"
+#include "desktop/frm_mbox.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -10,9 +10,9 @@
 #include <algorithm>
 #include <array>
 
-#include "shell/frm_keys.h"
-#include "shell/frm_look.h"
-#include "shell/frm_text.h"
+#include "desktop/frm_keys.h"
+#include "desktop/frm_look.h"
+#include "desktop/frm_text.h"
 
 namespace norvale {
 

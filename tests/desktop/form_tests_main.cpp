@@ -2,8 +2,8 @@
 
 #include <QApplication>
 
-#include "shell/frm_keys.h"
-#include "shell/frm_look.h"
+#include "desktop/frm_keys.h"
+#include "desktop/frm_look.h"
 
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -1,4 +1,4 @@
-#include "shell/frm_keys.h"
+#include "desktop/frm_keys.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
@@ -11,7 +11,7 @@
 #include <QShortcutEvent>
 #include <QVariant>
 
-#include "shell/frm_help.h"
+#include "desktop/frm_help.h"
 
 namespace norvale {
 

@@ -1,4 +1,4 @@
-#include "shell/frm_look.h"
+#include "desktop/frm_look.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -1,4 +1,4 @@
-#include "shell/frm_help.h"
+#include "desktop/frm_help.h"
 
 #include <QDir>
 #include <QFile>
@@ -9,7 +9,7 @@
 #include <QTextTable>
 #include <QVBoxLayout>
 
-#include "shell/frm_look.h"
+#include "desktop/frm_look.h"
 
 namespace norvale {
 
