@@ -11,7 +11,7 @@
 #include <array>
 
 #include "desktop/frm_keys.h"
-#include "desktop/frm_look.h"
+#include "desktop/frm_ring.h"
 #include "desktop/frm_text.h"
 
 namespace norvale {
@@ -30,16 +30,6 @@ constexpr std::array<ButtonNames, 4> kButtons = {{
     {Answer::No, "cmdNO", "lblNO", "&No"},
     {Answer::Cancel, "cmdCANCEL", "lblCANCEL", "&Cancel"},
 }};
-
-constexpr int kRingWidth = 3;
-
-// A label is as large as its text; this one as the button in it.
-class RingLabel : public QLabel {
- public:
-  using QLabel::QLabel;
-  [[nodiscard]] QSize sizeHint() const override { return layout()->sizeHint(); }
-  [[nodiscard]] QSize minimumSizeHint() const override { return layout()->minimumSize(); }
-};
 
 // The text, wrapped at a width that reads well; a text higher than the screen allows scrolls.
 QWidget* MessageText(const Message& message, QWidget* parent) {
@@ -83,29 +73,20 @@ frmMbox::frmMbox(const Message& message, QWidget* parent) : QDialog(parent), ans
   textPart->setContentsMargins(space * 3 / 2, space * 3 / 2, space * 3 / 2, space * 3 / 2);
   textPart->addWidget(MessageText(message, this));
 
-  auto* const band = new QWidget(this);
-  band->setProperty("band", true);
-  band->setAttribute(Qt::WA_StyledBackground);
+  QWidget* const band = MakeBand(this);
   auto* const row = new QHBoxLayout(band);
   row->setContentsMargins(space, space * 2 / 3, space, space * 2 / 3);
   row->setSpacing(space / 2);
   row->addStretch();
   for (const Answer answer : message.buttons) {
     const auto& names = *std::find_if(kButtons.begin(), kButtons.end(), [answer](const ButtonNames& n) { return n.answer == answer; });
-    auto* const ring = new RingLabel(band);
-    ring->setObjectName(QString::fromLatin1(names.ring));
-    ring->setAutoFillBackground(true);
-    auto* const button = new QPushButton(QString::fromLatin1(names.caption), ring);
-    button->setObjectName(QString::fromLatin1(names.button));
-    button->setAccessibleName(QString::fromLatin1(names.caption).remove(QLatin1Char('&')));
+    auto* const ring =
+        new RingLabel(QString::fromLatin1(names.ring), QString::fromLatin1(names.button), QString::fromLatin1(names.caption), band);
+    QPushButton* const button = ring->Button();
     button->installEventFilter(this);
     connect(button, &QPushButton::clicked, this, [this, answer] { Give(answer); });
-    auto* const around = new QHBoxLayout(ring);
-    around->setContentsMargins(kRingWidth, kRingWidth, kRingWidth, kRingWidth);
-    around->addWidget(button);
     row->addWidget(ring);
     buttons_.push_back(button);
-    ColourRing(button, false);
   }
   row->addStretch();
 
@@ -127,8 +108,6 @@ void frmMbox::reject() { QDialog::reject(); }  // `answer_` is still the one for
 
 bool frmMbox::eventFilter(QObject* watched, QEvent* event) {
   auto* const button = qobject_cast<QPushButton*>(watched);
-  if (button != nullptr && event->type() == QEvent::FocusIn) ColourRing(button, true);
-  if (button != nullptr && event->type() == QEvent::FocusOut) ColourRing(button, false);
   if (button != nullptr && event->type() == QEvent::KeyPress) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Left || key == Qt::Key_Up) return StepFocus(-1), true;
@@ -148,12 +127,6 @@ void frmMbox::keyPressEvent(QKeyEvent* event) {
     }
   }
   QDialog::keyPressEvent(event);
-}
-
-void frmMbox::ColourRing(QPushButton* button, bool hasFocus) {
-  auto* const ring = qobject_cast<QLabel*>(button->parentWidget());
-  const QColor colour = hasFocus ? ColoursOfLook().ring : ColoursOfLook().band;
-  ring->setStyleSheet(QStringLiteral("QLabel#%1 { background: %2; border-radius: 6px; }").arg(ring->objectName(), colour.name()));
 }
 
 void frmMbox::StepFocus(int direction) {

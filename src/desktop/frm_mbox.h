@@ -29,7 +29,6 @@ class frmMbox : public QDialog {
 
  private:
   void Give(Answer answer);
-  void ColourRing(QPushButton* button, bool hasFocus);
   void StepFocus(int direction);
 
   Answer answer_;

@@ -276,6 +276,8 @@ bool IsEnabled(const CustomerForm& form, CustomerButton button) {
   if (form.isLookingUp) return false;
   if (button == CustomerButton::Ok) return form.hasCustomer;
   if (form.mode == CustomerFormMode::Company) return false;
+  // Deleting a customer moves plans, and one of them may be open while its customer is picked.
+  if (form.mode == CustomerFormMode::Estimate && button == CustomerButton::Delete) return false;
   return form.hasCustomer || button == CustomerButton::Add;
 }
 

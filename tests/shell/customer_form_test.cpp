@@ -39,6 +39,7 @@ TEST_F(CustomerFormTest, OpensWhatEachStateNeeds) {
   Press(form, CustomerButton::Find);
   EXPECT_EQ(Open(form), "C");
   EXPECT_EQ(OpenBoxes(form), "xx..........");
+  EXPECT_EQ(Open(Open(CustomerFormMode::Estimate)), "AFNPOC") << "no deleting while a plan's customer is picked";
   form = Open(CustomerFormMode::Company);
   EXPECT_EQ(Open(form), "OC");
   EXPECT_EQ(OpenBoxes(form), ".xxxxxxxxxxx");
