@@ -33,6 +33,7 @@ void Page::EndLine() {
   while (text_.size() > lineStart_ && text_.back() == ' ') text_.pop_back();
   text_.push_back('\n');
   lineStart_ = text_.size();
+  ++place_.line;
 }
 
 void Page::PrintLine(std::string_view text) {
@@ -44,6 +45,7 @@ void Page::NewPage() {
   if (Column() > 1) EndLine();
   text_.push_back('\f');
   lineStart_ = text_.size();
+  place_ = {.page = place_.page + 1};
 }
 
 std::string Page::Utf8() const { return ToUtf8(text_); }
@@ -51,6 +53,7 @@ std::string Page::Utf8() const { return ToUtf8(text_); }
 void Page::Clear() {
   text_.clear();
   lineStart_ = 0;
+  place_ = {};
 }
 
 }  // namespace norvale

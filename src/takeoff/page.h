@@ -1,11 +1,20 @@
 // The paper as text cells: what every printed list is written to. Devices (text file, printer, preview, PDF) show it.
 #pragma once
 
+#include <compare>
 #include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace norvale {
+
+/// Where a line stands in a run of pages. Both from 0.
+struct PagePlace {
+  std::size_t page = 0;
+  std::size_t line = 0;
+
+  auto operator<=>(const PagePlace&) const = default;
+};
 
 /// A run of pages. Columns count from 1; texts are Windows-1252, one cell a character; a control code takes an empty cell.
 /// Nothing here limits a line's length or a page's: whoever writes the list turns the page.
@@ -30,6 +39,9 @@ class Page {
   /// Ends the page. A line that has not been ended goes to it as well.
   void NewPage();
 
+  /// The line that is being written.
+  [[nodiscard]] PagePlace Place() const { return place_; }
+
   /// The pages so far: each line ends with LF, each page with a form feed right behind its last line. Windows-1252.
   [[nodiscard]] const std::string& Text() const { return text_; }
 
@@ -44,6 +56,7 @@ class Page {
 
   std::string text_;
   std::size_t lineStart_ = 0;
+  PagePlace place_;
 };
 
 }  // namespace norvale

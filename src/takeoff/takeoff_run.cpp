@@ -74,9 +74,10 @@ void PriceLine(TakeoffRun& run) {
   CountLine(run);
 }
 
-// Notes a printed row for the outputs that are no paper, and prices it.
-void Finish(TakeoffRun& run, MaterialLine line, double quantity) {
+// Notes a row printed at `place` for the outputs that are no paper, and prices it.
+void Finish(TakeoffRun& run, MaterialLine line, double quantity, PagePlace place) {
   PrintedLine& printed = run.lines.emplace_back();
+  printed.place = place;
   printed.section = run.section;
   printed.quantity = quantity;
   printed.unit = TrimRight(line.unit);
@@ -205,13 +206,14 @@ void EndSection(TakeoffRun& run, std::string_view heading) {
 
 double PrintMaterialLine(TakeoffRun& run, MaterialLine line) {
   const double quantity = Adjusted(run, line.quantity, line.item);
+  const PagePlace place = run.page.Place();
   run.page.Print(PrintedNumber(quantity));
   run.page.Print(line.unit);
   run.page.NextZone();
   run.page.Print(line.description);
   PrintLabel(run, line.label, line.item);
   if (!line.secondLabel.empty()) PrintLineAt(run.page, kLabelColumn, line.secondLabel);
-  Finish(run, std::move(line), quantity);
+  Finish(run, std::move(line), quantity, place);
   return quantity;
 }
 
@@ -223,6 +225,7 @@ double Emit(TakeoffRun& run, MaterialLine line) {
 
 void EmitNails(TakeoffRun& run, const NailLine& line) {
   const double pounds = Adjusted(run, line.pounds, line.item);
+  const PagePlace place = run.page.Place();
   run.page.Print(PrintedNumber(pounds));
   run.page.Print("lbs.");
   run.page.NextZone();
@@ -231,17 +234,18 @@ void EmitNails(TakeoffRun& run, const NailLine& line) {
   run.page.Print("AG Count");
   PrintAt(run.page, kNailDescriptionColumn, line.description);
   PrintLabel(run, line.label, line.item);
-  Finish(run, {.unit = "lbs.", .description = std::string(line.description), .label = line.label, .item = line.item}, pounds);
+  Finish(run, {.unit = "lbs.", .description = std::string(line.description), .label = line.label, .item = line.item}, pounds, place);
   AdvanceLine(run);
 }
 
 void PrintTextLine(TakeoffRun& run, std::string_view text, MaterialLine line) {
+  const PagePlace place = run.page.Place();
   run.page.Print(text);
   run.page.NextZone();
   run.page.Print(line.description);
   PrintLabel(run, line.label, line.item);
   const double quantity = line.quantity;
-  Finish(run, std::move(line), quantity);
+  Finish(run, std::move(line), quantity, place);
 }
 
 void PriceAgain(TakeoffRun& run, std::string key) {

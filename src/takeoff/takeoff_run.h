@@ -67,6 +67,7 @@ struct PrintedLine {
   const PriceItem* stock = nullptr;  // where the price list has the key; null in a run without prices
   float price = 0;
   float extension = 0;
+  PagePlace place;  // of the line on the paper; rows that are priced under two keys stand at one place
 };
 
 /// The state of a run. A section reads the plan, the factors and the lists, and writes through the functions below.

@@ -2,8 +2,8 @@
 #include <memory>
 
 #include "data/folder_reader.h"
+#include "printing/estimate_document.h"
 #include "printing/estimate_output.h"
-#include "takeoff/print_estimate.h"
 #include "tool/commands.h"
 
 namespace norvale {
@@ -21,12 +21,10 @@ struct EstimateCall {
 };
 
 std::string Rendered(const EstimateCall& call, const EstimatePrint& print, const TakeoffData& data) {
-  Page page;
-  EstimateTotals totals = PrintEstimate(print, data, page);
-  if (call.format == "csv") return EstimateCsv(totals.lines);
-  if (call.format == "json") return EstimateJson(totals.lines);
-  for (int copy = 1; copy < call.copies; ++copy) PrintEstimate(print, data, page);
-  return page.Utf8();
+  const EstimateDocument made = MakeEstimateDocument(print, data, call.copies);
+  if (call.format == "csv") return EstimateCsv(made.totals.lines);
+  if (call.format == "json") return EstimateJson(made.totals.lines);
+  return DocumentText(made.document);
 }
 
 void RunPrintEstimate(const CommandContext& context, const EstimateCall& call) {

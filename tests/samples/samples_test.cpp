@@ -7,7 +7,9 @@
 #include <array>
 #include <set>
 
+#include "base/numbers.h"
 #include "case_file.h"
+#include "printing/estimate_document.h"
 #include "samples.h"
 
 namespace norvale {
@@ -111,6 +113,24 @@ TEST(SamplePlans, HaveEachTheirPricedListKept) {
                                      sample.Option("plan") == NameOf(plan);
                             }))
         << NameOf(plan) << " has no case in tests/samples";
+}
+
+TEST(SamplePlans, TellWhereEachRowStandsOnThePaper) {
+  const Samples& samples = RepositorySamples();
+  std::size_t unpriced = 0;
+  for (const EstimateRecord& plan : samples.plans) {
+    EstimatePrint print;
+    print.plan = plan;
+    print.sectionMask = DefaultSections(plan) | kWithPrices;
+    const EstimateDocument made = MakeEstimateDocument(print, samples.data);
+    for (const PrintedLine& line : made.totals.lines) {
+      const std::string& text = made.document.pages.at(line.place.page).at(line.place.line);
+      EXPECT_THAT(text, HasSubstr(line.description)) << NameOf(plan);
+      EXPECT_THAT(text, HasSubstr(Digits(line.quantity))) << NameOf(plan);
+    }
+    unpriced += made.document.marks.size();
+  }
+  EXPECT_GT(unpriced, 0U);
 }
 
 // Stock without a price is there on purpose, and a reader must not take it for a mistake.
