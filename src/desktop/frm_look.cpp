@@ -32,7 +32,8 @@ const Colours kLight{.band = kBand,
                      .cardDown = QColor(0xE2, 0xEB, 0xF6),
                      .edge = QColor(0xC9, 0xD1, 0xDB),
                      .text = QColor(0x1B, 0x24, 0x30),
-                     .quietText = QColor(0x52, 0x5E, 0x6E)};
+                     .quietText = QColor(0x52, 0x5E, 0x6E),
+                     .warning = QColor(0xB3, 0x26, 0x1E)};
 const Colours kDark{.band = kBand,
                     .bandText = QColor(0xF0, 0xF3, 0xF8),
                     .ring = kRing,
@@ -42,7 +43,8 @@ const Colours kDark{.band = kBand,
                     .cardDown = QColor(0x3B, 0x44, 0x52),
                     .edge = QColor(0x49, 0x52, 0x60),
                     .text = QColor(0xE9, 0xED, 0xF2),
-                    .quietText = QColor(0xA9, 0xB4, 0xC2)};
+                    .quietText = QColor(0xA9, 0xB4, 0xC2),
+                    .warning = QColor(0xFF, 0x9A, 0x8F)};
 
 struct Grounds {
   QColor window;
@@ -86,10 +88,10 @@ QPalette PaletteOf(const Colours& colours, const Grounds& grounds) {
 
 QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
   QString sheet = QStringLiteral(R"(
-    QLineEdit, QTextBrowser, QComboBox, QSpinBox, QPlainTextEdit {
+    QLineEdit, QTextBrowser, QComboBox, QSpinBox, QPlainTextEdit, QTreeWidget {
       border: 1px solid @edge; border-radius: 4px; padding: 3px 6px; background: @base; color: @text;
     }
-    QLineEdit:focus, QTextBrowser:focus, QComboBox:focus, QSpinBox:focus, QPlainTextEdit:focus {
+    QLineEdit:focus, QTextBrowser:focus, QComboBox:focus, QSpinBox:focus, QPlainTextEdit:focus, QTreeWidget:focus {
       border: 2px solid @focus; padding: 2px 5px;
     }
     QLineEdit:disabled, QComboBox:disabled, QSpinBox:disabled { background: @disabledBase; color: @disabledText; }

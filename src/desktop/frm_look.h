@@ -31,6 +31,7 @@ struct Colours {
   QColor edge;      // around it
   QColor text;
   QColor quietText;
+  QColor warning;  // what was typed and cannot be used
 };
 const Colours& ColoursOfLook();
 

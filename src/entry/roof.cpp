@@ -67,6 +67,9 @@ RoofStep CheckSection(const RoofForm& form) {
   if (length.inches == 0) return Stop(kMissingLength, RoofBox::txtSection);
   const RoofLength loadWall = ReadLength(form.txtloadwall);
   if (!loadWall.message.empty()) return Stop(loadWall.message, RoofBox::txtloadwall);
+  // It may be empty, so that nothing else would tell that a word was not taken.
+  if (loadWall.inches == 0 && !Trim(form.txtloadwall).empty() && std::ranges::none_of(form.txtloadwall, IsDigit))
+    return Stop(kUnreadable, RoofBox::txtloadwall);
   return {};
 }
 
@@ -81,6 +84,14 @@ void StoreLength(const std::string& text, std::int16_t& stored) {
 }
 
 std::int16_t StoredFeet(const std::string& text) { return static_cast<std::int16_t>(std::clamp(RoundEven(Val(text)), 0.0, kLargestEntry)); }
+
+void CopyRoof(const RoofForm& form, EstimateRecord& plan) {
+  plan.RoofPlanes = form.RoofPlanes;
+  for (std::size_t row = 0; row < kCeilingJoistRows; ++row) {
+    plan.CeilingJoistLft2X6[row] = StoredFeet(form.txtTWOxSIX[row]);
+    plan.CeilingJoistLft2X8[row] = StoredFeet(form.txtTWOxEIGHT[row]);
+  }
+}
 
 }  // namespace
 
@@ -226,24 +237,32 @@ std::string LeaveCeilingJoist(std::string& text) {
   return entry.message;
 }
 
-std::string FinishJoists(RoofForm& form) {
-  for (auto* boxes : {&form.txtTWOxSIX, &form.txtTWOxEIGHT})
-    for (std::string& text : *boxes)
-      if (std::string message = LeaveCeilingJoist(text); !message.empty()) return message;
+JoistStep FinishJoists(RoofForm& form) {
+  for (std::size_t box = 0; box < 2 * kCeilingJoistRows; ++box)
+    if (std::string message = LeaveCeilingJoist(JoistText(form, box)); !message.empty()) return {.message = std::move(message), .focus = box};
   if (form.SectionCount > 0 && !HasCeilingJoists(form) && !form.wasAskedForJoists) {
     form.wasAskedForJoists = true;
-    return std::string(kNoCeilingJoists);
+    return {.message = std::string(kNoCeilingJoists), .focus = std::nullopt};
   }
   return {};
 }
 
+std::string& JoistText(RoofForm& form, std::size_t box) {
+  return box < kCeilingJoistRows ? form.txtTWOxSIX[box] : form.txtTWOxEIGHT[box - kCeilingJoistRows];
+}
+
+bool IsRoofChanged(const RoofForm& form, const EstimateRecord& plan) {
+  // Against the form as it was opened: that gaps in the record were closed up is not the operator's change.
+  EstimateRecord before = plan;
+  EstimateRecord now = plan;
+  CopyRoof(OpenRoofForm(plan), before);
+  CopyRoof(form, now);
+  return before != now;
+}
+
 void CopyRoofToPlan(const RoofForm& form, EstimateRecord& plan, PlanForm& dataEntry) {
   const EstimateRecord before = plan;
-  plan.RoofPlanes = form.RoofPlanes;
-  for (std::size_t row = 0; row < kCeilingJoistRows; ++row) {
-    plan.CeilingJoistLft2X6[row] = StoredFeet(form.txtTWOxSIX[row]);
-    plan.CeilingJoistLft2X8[row] = StoredFeet(form.txtTWOxEIGHT[row]);
-  }
+  CopyRoof(form, plan);
   if (plan != before) dataEntry.mark = ChangeMark::Modified;
 }
 

@@ -134,17 +134,32 @@ void CancelJoists(RoofForm& form);
 /// Applies the rules for a joist box that is left, and returns the message with which the focus goes back, empty for none.
 std::string LeaveCeilingJoist(std::string& text);
 
-/// DONE of the joist panel: empty where the form may close, `CopyRoofToPlan` first. Otherwise a message; that a roof of
-/// sections has no ceiling joists is told once.
-std::string FinishJoists(RoofForm& form);
+/// What DONE of the joist panel came to. Done: the form may close, `CopyRoofToPlan` first.
+struct JoistStep {
+  std::string message;
+  std::optional<std::size_t> focus;  // the box that is refused: rows 0 to 4 of the 2 x 6, then those of the 2 x 8
+
+  [[nodiscard]] bool IsDone() const { return message.empty(); }
+};
+
+/// DONE of the joist panel. That a roof of sections has no ceiling joists is told once.
+JoistStep FinishJoists(RoofForm& form);
+
+/// Whether `CopyRoofToPlan` would put anything else into the plan than what the form was opened on.
+bool IsRoofChanged(const RoofForm& form, const EstimateRecord& plan);
 
 /// Puts the sections and the ceiling joists into the record, and marks the data-entry form where that changes anything.
 void CopyRoofToPlan(const RoofForm& form, EstimateRecord& plan, PlanForm& dataEntry);
+
+inline constexpr std::string_view kDiscardRoofQuestion = "2 Leave the roof as it was before? What was changed here is not kept.|";
 
 inline constexpr std::string_view kTransferAreaQuestion = "2 Transfer Square Footage of Roof Area to Data Entry Screen?|UPDATE ROOF AREA?";
 
 /// On Yes: the total area into the box for the roof area. A total that a plan cannot keep is refused with a message.
 std::string TransferRoofArea(const RoofForm& form, PlanForm& dataEntry);
+
+/// The text of joist box `box`, counted as in `JoistStep`.
+std::string& JoistText(RoofForm& form, std::size_t box);
 
 /// "2 of 5", and the areas of the current section and of the roof.
 std::string SectionLabel(const RoofForm& form);

@@ -138,7 +138,7 @@ TEST(RoofForm, EveryStepChecksTheSectionFirst) {
     for (const Case& c : {Case{"", "10", "", kNoRun, RoofBox::txtRafterRun}, Case{"0", "", "", kNoRun, RoofBox::txtRafterRun},
                           Case{"abc", "10", "", kNoRun, RoofBox::txtRafterRun}, Case{"12", "", "", kNoLength, RoofBox::txtSection},
                           Case{"12'6", "10", "", kForms, RoofBox::txtRafterRun}, Case{"12", "10 6", "", kForms, RoofBox::txtSection},
-                          Case{"12", "10", "8'", kForms, RoofBox::txtloadwall}}) {
+                          Case{"12", "10", "8'", kForms, RoofBox::txtloadwall}, Case{"12", "10", "none", kForms, RoofBox::txtloadwall}}) {
       RoofForm form = RoofOf(3);
       NextSection(form);
       Type(form, c.run, c.length, c.loadWall);
@@ -239,7 +239,7 @@ TEST(RoofForm, SectionsComeBackByteForByte) {
     RoofForm form = OpenRoofForm(plan);
     for (int section = 2; section <= count; ++section) ASSERT_TRUE(NextSection(form).IsDone());
     ASSERT_TRUE(FinishSections(form).step.IsDone());
-    ASSERT_EQ(FinishJoists(form), "");
+    ASSERT_TRUE(FinishJoists(form).IsDone());
     PlanForm dataEntry;
     CopyRoofToPlan(form, plan, dataEntry);
     EXPECT_EQ(plan, before) << count;
@@ -272,16 +272,16 @@ TEST(RoofForm, DoneCopiesOnlyAtTheEnd) {
 
 TEST(RoofForm, ARoofWithoutCeilingJoistsIsToldOnce) {
   RoofForm form = RoofOf(1);
-  EXPECT_EQ(FinishJoists(form), "0 Without ceiling joists the rafters of this roof are not listed!|");
-  EXPECT_EQ(FinishJoists(form), "");
+  EXPECT_EQ(FinishJoists(form).message, "0 Without ceiling joists the rafters of this roof are not listed!|");
+  EXPECT_TRUE(FinishJoists(form).IsDone());
   RoofForm none = RoofOf(0);
-  EXPECT_EQ(FinishJoists(none), "");
+  EXPECT_TRUE(FinishJoists(none).IsDone());
   RoofForm joisted = RoofOf(1);
   joisted.txtTWOxEIGHT[4] = "12.2";
-  EXPECT_EQ(FinishJoists(joisted), "");
+  EXPECT_TRUE(FinishJoists(joisted).IsDone());
   EXPECT_EQ(joisted.txtTWOxEIGHT[4], "13");
   joisted.txtTWOxSIX[0] = "32768";
-  EXPECT_EQ(FinishJoists(joisted), kEntryTooLarge);
+  EXPECT_EQ(FinishJoists(joisted).message, kEntryTooLarge);
 }
 
 TEST(RoofForm, TheAreaGoesToTheDataEntry) {
