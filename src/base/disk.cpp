@@ -20,6 +20,33 @@ namespace norvale {
 
 namespace {
 
+// What the standard library does alike on every system.
+class FolderCalls : public Disk {
+ public:
+  std::vector<std::string> Names(const std::filesystem::path& folder) override {
+    std::error_code error;
+    std::vector<std::string> names;
+    const std::filesystem::path& named = folder.empty() ? std::filesystem::path(".") : folder;
+    for (std::filesystem::directory_iterator at(named, error), end; !error && at != end; at.increment(error))
+      names.push_back(at->path().filename().string());
+    if (error && error != std::errc::no_such_file_or_directory) throw FileError(named.string(), error.message());
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  void MakeFolder(const std::filesystem::path& folder) override {
+    std::error_code error;
+    std::filesystem::create_directory(folder, error);
+    if (error) throw FileError(folder.string(), error.message());
+  }
+
+  void RemoveFolder(const std::filesystem::path& folder) override {
+    std::error_code error;
+    std::filesystem::remove(folder, error);
+    if (error) throw FileError(folder.string(), error.message());
+  }
+};
+
 #ifdef _WIN32
 
 [[noreturn]] void Fail(const std::filesystem::path& path) {
@@ -105,7 +132,7 @@ class SystemLock final : public DiskLock {
   Handle handle_;  // not shared while it is open
 };
 
-class SystemFiles final : public Disk {
+class SystemFiles final : public FolderCalls {
  public:
   std::unique_ptr<DiskFile> Open(const std::filesystem::path& path, Opening opening) override {
     const DWORD access = opening == Opening::Read ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE;
@@ -214,7 +241,7 @@ class SystemLock final : public DiskLock {
   Descriptor file_;  // closing it gives the lock back
 };
 
-class SystemFiles final : public Disk {
+class SystemFiles final : public FolderCalls {
  public:
   std::unique_ptr<DiskFile> Open(const std::filesystem::path& path, Opening opening) override {
     int flags = O_CLOEXEC | (opening == Opening::Read ? O_RDONLY : O_RDWR);

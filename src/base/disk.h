@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace norvale {
 
@@ -68,6 +69,15 @@ class Disk {
 
   /// Returns when the names in the folder (new, renamed, deleted files) are on the disk.
   virtual void SyncFolder(const std::filesystem::path& folder) = 0;
+
+  /// The names of the files and folders in the folder, in ascending order; none where there is no such folder.
+  [[nodiscard]] virtual std::vector<std::string> Names(const std::filesystem::path& folder) = 0;
+
+  /// Makes a folder in one that is there; it may be there already.
+  virtual void MakeFolder(const std::filesystem::path& folder) = 0;
+
+  /// Deletes an empty folder; one that is not there is no error. `Rename` renames folders as well.
+  virtual void RemoveFolder(const std::filesystem::path& folder) = 0;
 
   /// Locks the file (made where it is missing) against every other program and every other lock of this one. Nothing
   /// where somebody else holds it.

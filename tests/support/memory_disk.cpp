@@ -89,22 +89,42 @@ bool MemoryDisk::Change(const std::string& name, bool isWrite) {
   throw PowerCut();
 }
 
+std::shared_ptr<MemoryDisk::Folder> MemoryDisk::FolderAt(const std::filesystem::path& path) const {
+  std::shared_ptr<Folder> folder = root_;
+  for (const auto& name : path) {
+    const auto found = folder->now.find(name.string());
+    if (found == folder->now.end() || found->second.folder == nullptr) return nullptr;
+    folder = found->second.folder;
+  }
+  return folder;
+}
+
+std::shared_ptr<MemoryDisk::Folder> MemoryDisk::Parent(const std::filesystem::path& path) const {
+  auto folder = FolderAt(path.parent_path());
+  if (folder == nullptr) throw FileError(NameOf(path), "No such file or directory");
+  return folder;
+}
+
+void MemoryDisk::ChangeNames(Folder& folder, std::function<void(Entries&)> change) {
+  change(folder.now);
+  folder.pending.push_back(std::move(change));
+}
+
 std::unique_ptr<DiskFile> MemoryDisk::Open(const std::filesystem::path& path, Opening opening) {
   const std::string name = NameOf(path);
-  const auto found = names_.find(name);
-  const bool isThere = found != names_.end();
-  if (!isThere && (opening == Opening::Read || opening == Opening::Update)) {
+  const bool makes = opening == Opening::Create || opening == Opening::Fresh;
+  if (!makes && !Has(path)) {
     Call(name);
     return nullptr;
   }
-  if (!isThere) {
+  const auto folder = Parent(path);
+  if (!Has(path)) {
     Change(name);
     auto content = std::make_shared<Content>();
-    names_[name] = content;
-    pendingNames_.emplace_back([name, content](Names& names) { names[name] = content; });
+    ChangeNames(*folder, [name, content](Entries& names) { names[name] = {content, nullptr}; });
     return std::make_unique<MemoryFile>(*this, name, content);
   }
-  auto file = std::make_unique<MemoryFile>(*this, name, found->second);
+  auto file = std::make_unique<MemoryFile>(*this, name, folder->now.at(name).file);
   if (opening == Opening::Fresh)
     file->Resize(0);
   else
@@ -114,29 +134,49 @@ std::unique_ptr<DiskFile> MemoryDisk::Open(const std::filesystem::path& path, Op
 
 void MemoryDisk::Rename(const std::filesystem::path& from, const std::filesystem::path& to) {
   Change(NameOf(from));
-  const auto rename = [from = NameOf(from), to = NameOf(to)](Names& names) {
+  const auto folder = Parent(from);
+  if (!folder->now.contains(NameOf(from))) throw FileError(NameOf(from), "No such file or directory");
+  if (Parent(to) != folder) throw std::logic_error("names move within one folder only");
+  ChangeNames(*folder, [from = NameOf(from), to = NameOf(to)](Entries& names) {
     const auto found = names.find(from);
     if (found == names.end()) return;
     names[to] = found->second;
     names.erase(from);
-  };
-  if (!names_.contains(NameOf(from))) throw FileError(NameOf(from), "No such file or directory");
-  rename(names_);
-  pendingNames_.emplace_back(rename);
+  });
 }
 
 void MemoryDisk::Remove(const std::filesystem::path& path) {
   Change(NameOf(path));
-  const auto remove = [name = NameOf(path)](Names& names) { names.erase(name); };
-  remove(names_);
-  pendingNames_.emplace_back(remove);
+  ChangeNames(*Parent(path), [name = NameOf(path)](Entries& names) { names.erase(name); });
 }
 
 void MemoryDisk::SyncFolder(const std::filesystem::path& folder) {
   Change(NameOf(folder));
   if (LeavesOut()) return;
-  syncedNames_ = names_;
-  pendingNames_.clear();
+  const auto synced = FolderAt(folder);
+  synced->synced = synced->now;
+  synced->pending.clear();
+}
+
+std::vector<std::string> MemoryDisk::Names(const std::filesystem::path& folder) {
+  Call(NameOf(folder));
+  std::vector<std::string> names;
+  if (const auto read = FolderAt(folder))
+    for (const auto& [name, entry] : read->now) names.push_back(name);
+  return names;
+}
+
+void MemoryDisk::MakeFolder(const std::filesystem::path& folder) {
+  if (FolderAt(folder) != nullptr) return Call(NameOf(folder));
+  Change(NameOf(folder));
+  auto made = std::make_shared<Folder>();
+  ChangeNames(*Parent(folder), [name = NameOf(folder), made](Entries& names) { names[name] = {nullptr, made}; });
+}
+
+void MemoryDisk::RemoveFolder(const std::filesystem::path& folder) {
+  const auto removed = FolderAt(folder);
+  if (removed != nullptr && !removed->now.empty()) throw FileError(NameOf(folder), "Directory not empty");
+  Remove(folder);
 }
 
 std::unique_ptr<DiskLock> MemoryDisk::TryLock(const std::filesystem::path& path) {
@@ -145,9 +185,24 @@ std::unique_ptr<DiskLock> MemoryDisk::TryLock(const std::filesystem::path& path)
   return std::make_unique<MemoryLock>(*this);
 }
 
+std::shared_ptr<MemoryDisk::Folder> MemoryDisk::CopyOf(const Folder& folder) {
+  auto copy = std::make_shared<Folder>();
+  for (const auto& [name, entry] : folder.now) {
+    Entry& copied = copy->now[name];
+    if (entry.folder != nullptr) {
+      copied.folder = CopyOf(*entry.folder);
+    } else {
+      copied.file = std::make_shared<Content>();
+      copied.file->now = copied.file->synced = entry.file->now;
+    }
+  }
+  copy->synced = copy->now;
+  return copy;
+}
+
 std::unique_ptr<MemoryDisk> MemoryDisk::Copy() const {
   auto copy = std::make_unique<MemoryDisk>();
-  for (const auto& [name, content] : names_) copy->SetBytes(name, content->now);
+  copy->root_ = CopyOf(*root_);
   return copy;
 }
 
@@ -156,35 +211,51 @@ std::unique_ptr<MemoryDisk> MemoryDisk::AfterPowerCut(Survival survival, unsigne
   constexpr std::size_t kPiece = 64;  // smaller than any real disk's, so that one record can be torn as well
   std::minstd_rand chance(seed);
   const auto survives = [&] { return survival == Survival::Something && chance() % 2 == 0; };
-  Names names = syncedNames_;
-  for (const auto& change : pendingNames_)
-    if (survives()) change(names);
-  auto after = std::make_unique<MemoryDisk>();
-  for (const auto& [name, content] : names) {
-    std::string bytes = content->synced;
-    for (const Pending& change : content->pending) {
-      if (change.isResize) {
-        if (survives()) Apply(bytes, change);
+  const std::function<std::shared_ptr<Folder>(const Folder&)> after = [&](const Folder& folder) {
+    auto left = std::make_shared<Folder>();
+    left->now = folder.synced;
+    for (const auto& change : folder.pending)
+      if (survives()) change(left->now);
+    for (auto& [name, entry] : left->now) {
+      if (entry.folder != nullptr) {
+        entry.folder = after(*entry.folder);
         continue;
       }
-      for (std::size_t at = 0; at < change.bytes.size(); at += kPiece)
-        if (survives()) Apply(bytes, {change.offset + at, change.bytes.substr(at, kPiece), false});
+      std::string bytes = entry.file->synced;
+      for (const Pending& change : entry.file->pending) {
+        if (change.isResize) {
+          if (survives()) Apply(bytes, change);
+          continue;
+        }
+        for (std::size_t at = 0; at < change.bytes.size(); at += kPiece)
+          if (survives()) Apply(bytes, {change.offset + at, change.bytes.substr(at, kPiece), false});
+      }
+      entry.file = std::make_shared<Content>();
+      entry.file->now = entry.file->synced = std::move(bytes);
     }
-    after->SetBytes(name, bytes);
-  }
-  return after;
+    left->synced = left->now;
+    return left;
+  };
+  auto disk = std::make_unique<MemoryDisk>();
+  disk->root_ = after(*root_);
+  return disk;
 }
 
-std::string MemoryDisk::Bytes(std::string_view name) const {
-  const auto found = names_.find(std::string(name));
-  return found == names_.end() ? std::string() : found->second->now;
+std::string MemoryDisk::Bytes(const std::filesystem::path& path) const {
+  return Has(path) ? Parent(path)->now.at(NameOf(path)).file->now : std::string();
 }
 
-void MemoryDisk::SetBytes(std::string_view name, std::string bytes) {
+void MemoryDisk::SetBytes(const std::filesystem::path& path, std::string bytes) {
   auto content = std::make_shared<Content>();
   content->now = content->synced = std::move(bytes);
-  names_[std::string(name)] = content;
-  syncedNames_[std::string(name)] = content;
+  const auto folder = Parent(path);
+  folder->now[NameOf(path)] = folder->synced[NameOf(path)] = {content, nullptr};
+}
+
+bool MemoryDisk::Has(const std::filesystem::path& path) const {
+  const auto folder = FolderAt(path.parent_path());
+  const auto found = folder == nullptr ? Entries::const_iterator() : folder->now.find(NameOf(path));
+  return folder != nullptr && found != folder->now.end() && found->second.file != nullptr;
 }
 
 }  // namespace norvale

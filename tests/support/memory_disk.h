@@ -1,5 +1,5 @@
 // A disk in memory that forgets what was not synced, can lose its power between any two calls, tears writes, and lets calls
-// fail. One folder: paths count by their file name.
+// fail. Its working folder has the empty path.
 #pragma once
 
 #include <cstdint>
@@ -31,6 +31,9 @@ class MemoryDisk final : public Disk {
   void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
   void Remove(const std::filesystem::path& path) override;
   void SyncFolder(const std::filesystem::path& folder) override;
+  std::vector<std::string> Names(const std::filesystem::path& folder) override;
+  void MakeFolder(const std::filesystem::path& folder) override;
+  void RemoveFolder(const std::filesystem::path& folder) override;
   std::unique_ptr<DiskLock> TryLock(const std::filesystem::path& path) override;
 
   /// A disk of its own with what stands on this one now, all of it synced.
@@ -40,9 +43,9 @@ class MemoryDisk final : public Disk {
   [[nodiscard]] std::unique_ptr<MemoryDisk> AfterPowerCut(Survival survival, unsigned seed) const;
 
   /// The bytes of a file; empty where there is none.
-  [[nodiscard]] std::string Bytes(std::string_view name) const;
-  void SetBytes(std::string_view name, std::string bytes);
-  [[nodiscard]] bool Has(std::string_view name) const { return names_.contains(std::string(name)); }
+  [[nodiscard]] std::string Bytes(const std::filesystem::path& path) const;
+  void SetBytes(const std::filesystem::path& path, std::string bytes);
+  [[nodiscard]] bool Has(const std::filesystem::path& path) const;
 
   // Changes are the calls that a power cut can fall between: new, write, resize, sync, rename, remove.
   int changes = 0;
@@ -71,17 +74,31 @@ class MemoryDisk final : public Disk {
     std::string synced;
     std::vector<Pending> pending;
   };
-  using Names = std::map<std::string, std::shared_ptr<Content>>;
+  struct Folder;
+  struct Entry {  // one of the two
+    std::shared_ptr<Content> file;
+    std::shared_ptr<Folder> folder;
+  };
+  using Entries = std::map<std::string, Entry>;
+  struct Folder {
+    Entries now;
+    Entries synced;
+    std::vector<std::function<void(Entries&)>> pending;
+  };
 
   void Call(const std::string& name);
   // Returns whether the change is the one that is torn.
   bool Change(const std::string& name, bool isWrite = false);
   bool LeavesOut() { return syncs++ == leaveOutSync; }
   static void Apply(std::string& content, const Pending& change);
+  // The folder of that path, or nothing.
+  [[nodiscard]] std::shared_ptr<Folder> FolderAt(const std::filesystem::path& path) const;
+  // The folder that holds the path's last name; throws FileError where there is none.
+  [[nodiscard]] std::shared_ptr<Folder> Parent(const std::filesystem::path& path) const;
+  static void ChangeNames(Folder& folder, std::function<void(Entries&)> change);
+  static std::shared_ptr<Folder> CopyOf(const Folder& folder);
 
-  Names names_;
-  Names syncedNames_;
-  std::vector<std::function<void(Names&)>> pendingNames_;
+  std::shared_ptr<Folder> root_ = std::make_shared<Folder>();
   bool isDead_ = false;
 };
 

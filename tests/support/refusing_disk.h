@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "base/disk.h"
 #include "base/file_error.h"
@@ -30,6 +31,15 @@ class RefusingDisk final : public Disk {
     SystemDisk().Remove(path);
   }
   void SyncFolder(const std::filesystem::path& folder) override { SystemDisk().SyncFolder(folder); }
+  std::vector<std::string> Names(const std::filesystem::path& folder) override { return SystemDisk().Names(folder); }
+  void MakeFolder(const std::filesystem::path& folder) override {
+    Refuse(folder);
+    SystemDisk().MakeFolder(folder);
+  }
+  void RemoveFolder(const std::filesystem::path& folder) override {
+    Refuse(folder);
+    SystemDisk().RemoveFolder(folder);
+  }
   std::unique_ptr<DiskLock> TryLock(const std::filesystem::path& path) override {
     Refuse(path);
     return SystemDisk().TryLock(path);
