@@ -106,6 +106,7 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
     QWidget[band="true"] { background: @band; }
     QWidget[band="true"] QLabel { color: @bandText; background: transparent; }
     QLabel[role="quiet"] { color: @quiet; }
+    QLabel[role="bracket"] { border-left: 2px solid @edge; padding-left: 8px; }
     QLabel[role="status"] { color: @quiet; border-top: 1px solid @edge; padding: 6px 16px; }
   )");
   const std::map<QString, QColor> colourOf = {

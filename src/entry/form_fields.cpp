@@ -10,6 +10,8 @@ namespace norvale {
 
 namespace {
 
+constexpr int kUsualPosition = 360;  // of a line that does not stand in
+
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 template <typename Box>
@@ -59,6 +61,7 @@ void PlaceLines(PlanForm& form, const std::vector<ScreenLine>& lines) {
     CaptionLine& placed = form.lblLine[line];
     placed.caption = TrimRight(lines[line].Caption.Padded());
     placed.hint = TrimRight(lines[line].LineText.Padded());
+    placed.isIndented = lines[line].LeftPosition > kUsualPosition;
     placed.control = ParseControlCode(lines[line].ControlCode.Padded());
     if (placed.control.kind == ControlKind::Selection) form.LineOfCombo[placed.control.index] = static_cast<int>(line);
     if (placed.control.kind == ControlKind::Number) form.LineOfNumber[placed.control.index] = static_cast<int>(line);

@@ -66,7 +66,8 @@ struct CaptionLine {
   bool enabled = true;
   bool visible = false;
   std::string caption;
-  std::string hint;  // for the status line
+  std::string hint;         // what to enter, in which unit
+  bool isIndented = false;  // stands in under the line above
   LineControl control;
 };
 
@@ -85,7 +86,8 @@ struct PlanForm {
 
   int CurrentScreen = 0;
   bool isPrintEnabled = false;
-  bool isLoading = false;  // changes are not the operator's and leave no mark
+  bool isTypeChanged = false;  // the type of an opened plan has just been changed on the checklist
+  bool isLoading = false;      // changes are not the operator's and leave no mark
   ChangeMark mark = ChangeMark::None;
   std::optional<int> RefocusPending;  // the number box to which a message has just sent the focus back
 };

@@ -186,6 +186,7 @@ PlanForm OpenPlanForm(PlanMode mode, bool isTypeChanged, EstimateRecord& plan, c
   PlanForm form;
   form.PlanType = plan.PlanType;
   form.isPrintEnabled = IsOpened(mode) || isTypeChanged;
+  form.isTypeChanged = isTypeChanged;
   PlaceLines(form, lines);
   LoadPlanIntoForm(form, mode, plan, rows);
   form.isLoading = true;

@@ -200,6 +200,13 @@ BoxRange ScreenFields(int screen) {
   return kScreenFields[static_cast<std::size_t>(screen)];
 }
 
+bool HasUsableLine(const PlanForm& form, int screen) {
+  if (screen < 0 || screen > ScreenCount) return false;
+  for (int line = kFirstLines[static_cast<std::size_t>(screen)]; line <= LastLineOf(form, screen); ++line)
+    if (const LineControl& control = form.lblLine[line].control; control.kind != ControlKind::None && IsEnabled(form, control)) return true;
+  return false;
+}
+
 int ScreenOfNumber(const PlanForm& form, int box) {
   const int line = form.LineOfNumber[box];
   int screen = -1;

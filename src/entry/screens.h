@@ -26,6 +26,9 @@ struct BoxRange {
 };
 BoxRange ScreenFields(int screen);
 
+/// Whether the screen has a box that can be used.
+bool HasUsableLine(const PlanForm& form, int screen);
+
 /// The screen on which a number box stands, -1 where it has no line.
 int ScreenOfNumber(const PlanForm& form, int box);
 

@@ -2,16 +2,25 @@
 #include <QApplication>
 #include <QDir>
 #include <QFont>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QStyleFactory>
 #include <QTest>
 #include <cstdio>
 
+#include "base/files.h"
 #include "data/batch_store.h"
 #include "data/folder_start.h"
 #include "desktop/frm_help.h"
 #include "desktop/frm_look.h"
 #include "desktop/frm_mbox.h"
+#include "entry/frm_display.h"
+#include "entry/frm_estsave.h"
+#include "entry/frm_newest.h"
+#include "entry/plan_form.h"
+#include "entry/screens.h"
+#include "prices/delivered.h"
+#include "prices/exchange.h"
 #include "prices/new_folder.h"
 #include "shell/frm_address.h"
 #include "shell/frm_menu.h"
@@ -41,6 +50,11 @@ class NoMessages final : public Messages {
   Answer ShowMessage(const std::string& text) override { return ParseMessage(text).escape; }
 };
 
+EstimateRecord Sample(const char* file) {
+  const std::string path = std::string(NORVALE_SOURCE_DIR "/samples/") + file;
+  return ImportTables(ReadWholeFile(path)).plans.front();
+}
+
 class Camera {
  public:
   Camera(QString folder, QString ending) : folder_(std::move(folder)), ending_(std::move(ending)) {}
@@ -58,6 +72,20 @@ class Camera {
   QString folder_;
   QString ending_;
 };
+
+// All eleven screens of a plan.
+void TakeScreens(Camera& camera, Program& program, const char* file, const std::string& name) {
+  program.session.CurrentEstimate = Sample(file);
+  PlanForm form = OpenPlanForm(PlanMode::Existing, false, program.session.CurrentEstimate, DeliveredScreenLines(), DeliveredMaterialRows());
+  frmDisplay display(program, form, false, {.printEstimate = [](const PlanForm&, QWidget*) {}, .keepDraft = {}, .makeLivePanel = {}});
+  display.resize(1024, 700);
+  camera.Take(display, (name + "-1").c_str());
+  for (int screen = 1; screen <= ScreenCount; ++screen) {
+    display.findChild<QAbstractButton*>(QStringLiteral("cmdScreen_%1").arg(screen))->click();
+    camera.Take(display, (name + "-" + std::to_string(screen + 1)).c_str());
+  }
+  display.hide();
+}
 
 int Run(QApplication& app, const QStringList& words) {
   if (words.size() < 3) return std::fputs("norvale_screenshots DIR light|dark [POINTS]\n", stderr), 2;
@@ -118,6 +146,24 @@ int Run(QApplication& app, const QStringList& words) {
     camera.Take(form, "company");
     form.close();
   }
+  TakeScreens(camera, program, "plan-slab-brick.json", "plan-slab");
+  TakeScreens(camera, program, "plan-crawl-field-framed.json", "plan-crawl");
+  {
+    PlanForm form = OpenPlanForm(PlanMode::New, false, program.session.CurrentEstimate, DeliveredScreenLines(), DeliveredMaterialRows());
+    Frmnewest sheet(program, form);
+    const char* const entries[] = {"1640", "120", "", "", "6", "168", "64", "12", "5"};
+    for (int i = 0; i < 9; ++i) {
+      auto* const box = sheet.findChild<QLineEdit*>(QStringLiteral("txtfootage_%1").arg(i));
+      box->setFocus();
+      if (box->isEnabled()) QTest::keyClicks(box, QString::fromLatin1(entries[i]));
+    }
+    QTest::keyClick(sheet.findChild<QLineEdit*>(QStringLiteral("txtfootage_8")), Qt::Key_Tab);
+    camera.Take(sheet, "preliminary");
+    sheet.hide();
+  }
+  frmEstsave save(PlanMode::Existing);
+  camera.Take(save, "save");
+  save.hide();
   frmHelp help(QStringLiteral("customers"));
   camera.Take(help, "help");
   return 0;

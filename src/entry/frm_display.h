@@ -1,0 +1,133 @@
+// The data-entry form: eleven screens of lines, each with its caption, its box and what to enter there.
+#pragma once
+
+#include <QDialog>
+#include <array>
+#include <functional>
+
+#include "desktop/program.h"
+#include "entry/form_fields.h"
+
+class QGridLayout;
+class QLabel;
+class QPushButton;
+class QSplitter;
+class QStackedWidget;
+class QTimer;
+
+namespace norvale {
+
+class ChoiceList;
+class LivePanel;
+class NumberEdit;
+class ScreenMark;
+
+/// What the data-entry form asks of those who opened it. What is not given is not offered.
+struct DisplayTasks {
+  /// Prints the plan, which stands stored in the session's record.
+  std::function<void(const PlanForm& form, QWidget* parent)> printEstimate;
+  /// Called after each change of screen, the form's record being current.
+  std::function<void()> keepDraft;
+  /// Makes the panel for the list of the plan as typed so far.
+  std::function<LivePanel*(QWidget* parent)> makeLivePanel;
+};
+
+class frmDisplay : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// Shows `form`, which `OpenPlanForm` has made from the session's current plan. The form may be shown again, as it was
+  /// left. `isPlanChanged`: plan type or pricing level were changed on the checklist.
+  frmDisplay(Program& program, PlanForm& form, bool isPlanChanged, DisplayTasks tasks, QWidget* parent = nullptr);
+
+  /// Whether nothing is to be appended behind this form: left without saving, or saved in place already.
+  [[nodiscard]] bool PlanCancelled() const { return planCancelled_; }
+
+  /// Accepted where a plan is to be appended.
+  int exec() override;
+
+  /// Esc and closing the window press Exit.
+  void reject() override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  QWidget* MakeHead();
+  void MakePage(int screen);
+  void MakeLine(QWidget* page, QGridLayout* grid, int line, int row);
+  QWidget* MakeNumber(QWidget* page, int box);
+  QWidget* MakeJoist(QWidget* page, int box, const QString& name);
+  QWidget* MakeList(QWidget* page, int list);
+  QWidget* MakeButtons();
+  QPushButton* MakeButton(const char* name, const QString& caption, QWidget* parent);
+
+  void ShowForm();   // from the record into the window
+  void ShowFrame();  // what stands around the lines
+  void FormChanged();
+  void ShowHint(int line);
+  void FocusLine(int line);
+  void FocusFault(bool isJoistBox, int box);
+  void Tell(const std::string& message);
+
+  void LeaveNumber(int box);
+  void LeaveJoist(int box);
+  void RoundBoxAtHand();
+  bool IsInSight(const QWidget* box) const;
+  void Choose(int list, int row);
+  void UndoChoice(int list);
+
+  void Go(int delta);
+  void GoTo(int screen);
+  void ScreenChanged(int line);
+  void Print();
+  void Exit();
+  bool ToldNumberFault();
+  bool SaveInPlace();
+  void Leave(bool planCancelled);
+  void OpenPreliminary();
+  void AskAboutShutBoxes();
+  void ToggleLive(bool shown);
+
+  Program& program_;
+  PlanForm& form_;
+  const bool isPlanChanged_;
+  const DisplayTasks tasks_;
+  bool planCancelled_ = false;
+  bool wasAskedAboutShutBoxes_ = false;
+  bool isShownOnce_ = false;
+
+  std::array<ChoiceList*, kSelectionLists> combo1_{};
+  std::array<NumberEdit*, kNumberBoxes> TxtDisp_{};
+  std::array<NumberEdit*, kJoistBoxes> TxtDispJoist_{};
+  std::array<QLabel*, kJoistBoxes> lblJoist_{};
+  std::array<QLabel*, kScreenLines> lblLine_{};
+  std::array<QLabel*, kScreenLines> lblHint_{};
+  std::array<ScreenMark*, ScreenCount + 1> marks_{};
+  struct Choice {
+    int row;
+    std::string unlistedText;
+  };
+  Choice choiceBefore_{};  // of the list that has the focus
+
+  QLabel* PageLabel_ = nullptr;
+  QLabel* Label1_ = nullptr;
+  QLabel* lblc1_ = nullptr;
+  QLabel* lblc2_ = nullptr;
+  QLabel* lblStatus_ = nullptr;
+  QPushButton* cmdDISP1_ = nullptr;
+  QPushButton* cmdDISP2_ = nullptr;
+  QPushButton* cmdDISP3_ = nullptr;
+  QPushButton* cmdDISP4_ = nullptr;
+  QPushButton* cmdDOROOF_ = nullptr;
+  QPushButton* cmdPreliminary_ = nullptr;
+  QPushButton* cmdLive_ = nullptr;
+  QStackedWidget* Page_ = nullptr;
+  QSplitter* splitter_ = nullptr;
+  LivePanel* live_ = nullptr;
+  QTimer* liveTimer_ = nullptr;
+};
+
+}  // namespace norvale
