@@ -25,6 +25,7 @@
 #include "entry/frm_estsave.h"
 #include "entry/frm_live_panel.h"
 #include "entry/frm_newest.h"
+#include "entry/frm_roof.h"
 #include "entry/plan_form.h"
 #include "entry/screens.h"
 
@@ -378,6 +379,7 @@ QWidget* frmDisplay::MakeButtons() {
   connect(cmdDISP2_, &QPushButton::clicked, this, [this] { Go(-1); });
   connect(cmdDISP3_, &QPushButton::clicked, this, &frmDisplay::Print);
   connect(cmdDISP4_, &QPushButton::clicked, this, &frmDisplay::Exit);
+  connect(cmdDOROOF_, &QPushButton::clicked, this, &frmDisplay::OpenRoof);
   connect(cmdPreliminary_, &QPushButton::clicked, this, &frmDisplay::OpenPreliminary);
   connect(cmdLive_, &QPushButton::toggled, this, &frmDisplay::ToggleLive);
   cmdLive_->setVisible(static_cast<bool>(tasks_.makeLivePanel));
@@ -645,6 +647,14 @@ void frmDisplay::OpenPreliminary() {
   Frmnewest(program_, form_, this).exec();
   ShowForm();
   FormChanged();
+  if (tasks_.keepDraft) Try(program_.messages, tasks_.keepDraft);
+}
+
+void frmDisplay::OpenRoof() {
+  frmROOF(program_, program_.session.CurrentEstimate, form_, this).exec();
+  ShowForm();
+  FormChanged();
+  if (tasks_.keepDraft) Try(program_.messages, tasks_.keepDraft);
 }
 
 void frmDisplay::AskAboutShutBoxes() {

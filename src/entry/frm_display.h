@@ -88,6 +88,7 @@ class frmDisplay : public QDialog {
   bool SaveInPlace();
   void Leave(bool planCancelled);
   void OpenPreliminary();
+  void OpenRoof();
   void AskAboutShutBoxes();
   void ToggleLive(bool shown);
 
