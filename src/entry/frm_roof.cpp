@@ -66,6 +66,7 @@ frmROOF::frmROOF(Program& program, EstimateRecord& plan, PlanForm& form, QWidget
   pages_ = new QStackedWidget(this);
   pages_->addWidget(sections_ = MakeSections());
   pages_->addWidget(pctjoist_ = MakeJoists());
+  boxes_ = MakeBoxes();
   QWidget* const buttons = MakeButtons();
   QWidget* const list = MakeList();
   auto* const lblHint = new QLabel(tr("PGUP, PGDN=Section  CTRL+Z=Undo Remove  F1=Help  ALT+F2=Calculator  ESC=Exit"), this);
@@ -81,6 +82,7 @@ frmROOF::frmROOF(Program& program, EstimateRecord& plan, PlanForm& form, QWidget
   layout->setContentsMargins(space, space, space, space / 2);
   layout->setSpacing(space / 2);
   layout->addLayout(upper, 1);
+  layout->addWidget(boxes_);
   layout->addSpacing(space / 4);
   layout->addWidget(buttons);
   layout->addWidget(lblHint);
@@ -104,15 +106,11 @@ QWidget* frmROOF::MakeSections() {
   pctVIEW_ = new RoofView(page);
   pctVIEW_->setObjectName(QStringLiteral("pctVIEW"));
   const int space = fontMetrics().height();
-  auto* const upper = new QHBoxLayout;
-  upper->setSpacing(space);
-  upper->addWidget(MakeTypes(), 0, Qt::AlignTop);
-  upper->addWidget(pctVIEW_, 1);
-  auto* const layout = new QVBoxLayout(page);
+  auto* const layout = new QHBoxLayout(page);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(space / 2);
-  layout->addLayout(upper, 1);
-  layout->addWidget(MakeBoxes());
+  layout->setSpacing(space);
+  layout->addWidget(MakeTypes(), 0, Qt::AlignTop);
+  layout->addWidget(pctVIEW_, 1);
   return page;
 }
 
@@ -147,7 +145,7 @@ QWidget* frmROOF::MakeBoxes() {
     box->setObjectName(QString::fromLatin1(kLengths[i].name));
     box->setAccessibleName(QString::fromLatin1(kLengths[i].label));
     box->setMaxLength(kLongestLength);
-    box->setFixedWidth(metrics.averageCharWidth() * 12);
+    box->setFixedWidth(metrics.averageCharWidth() * 10);
     box->installEventFilter(this);
     connect(box, &QLineEdit::textEdited, this, &frmROOF::TakeBoxes);
     auto* const label = new QLabel(QString::fromLatin1(kLengths[i].label), boxes);
@@ -175,10 +173,13 @@ QWidget* frmROOF::MakeBoxes() {
   cboRafter_ = addCombo(0, "cboRafter", tr("Rafter Size"), kRafterSizes);
   cboPitch_ = addCombo(1, "cboPitch", tr("Roof Pitch"), kPitches);
   cboRFType_ = addCombo(2, "cboRFType", tr("Rafter Framing Type"), kRafterSpecies);
-  // The longest caption takes two lines.
-  grid->setColumnMinimumWidth(0, metrics.horizontalAdvance(QStringLiteral("Lft from Peak to Load Bearing ")));
-  grid->setColumnMinimumWidth(3, metrics.height() / 2);
+  // The longest caption takes three lines where the type is large.
+  const QString caption = QString::fromLatin1(kLengths.back().label);
+  const int wide = metrics.horizontalAdvance(caption + QStringLiteral("  "));
+  const int usual = metrics.height() * 60 < 1100 ? wide : metrics.horizontalAdvance(QStringLiteral("Load Bearing Wall  "));
+  grid->setColumnMinimumWidth(0, usual);
   grid->setColumnStretch(3, 1);
+  grid->setColumnStretch(6, 1);
   return boxes;
 }
 
@@ -187,6 +188,11 @@ QWidget* frmROOF::MakeJoists() {
   panel->setObjectName(QStringLiteral("pctjoist"));
   auto* const title = new QLabel(tr("Enter the footages for all Ceiling Joist"), panel);
   MakeTitle(title);
+  title->setWordWrap(true);
+  auto* const purpose =
+      new QLabel(tr("Feet of bays under this roof, by the length and stock of their joists. Leave empty what it does not have."), panel);
+  purpose->setProperty("role", QStringLiteral("quiet"));
+  purpose->setWordWrap(true);
   auto* const grid = new QGridLayout;
   const QFontMetrics metrics = fontMetrics();
   grid->setHorizontalSpacing(metrics.height());
@@ -219,6 +225,7 @@ QWidget* frmROOF::MakeJoists() {
   layout->setContentsMargins(space * 2, space, space, space);
   layout->addStretch(1);
   layout->addWidget(title);
+  layout->addWidget(purpose);
   layout->addSpacing(space);
   layout->addLayout(grid);
   layout->addSpacing(space);
@@ -269,7 +276,7 @@ QWidget* frmROOF::MakeList() {
   layout->addLayout(head);
   layout->addWidget(lstSections_, 1);
   layout->addWidget(lblsqft_);
-  side->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("64 Gable w/ Valley 99999 SF of 9")));
+  side->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("64  Gable w/ Valley  9999 ____")));
   return side;
 }
 
@@ -328,6 +335,7 @@ void frmROOF::ShowForm() {
   const bool isInSections = !form_.showsJoists;
   const bool hasSection = form_.CurrentSection > 0;
   const std::pair<QWidget*, bool> states[] = {{sections_, isInSections && hasSection},
+                                              {boxes_, isInSections && hasSection},
                                               {lstSections_, isInSections},
                                               {cmdADD_, isInSections},
                                               {cmdPREV_, isInSections && CanGoToPreviousSection(form_)},
@@ -339,6 +347,7 @@ void frmROOF::ShowForm() {
     if (isEnabled) control->setEnabled(true);
   QWidget* const page = form_.showsJoists ? pctjoist_ : sections_;
   if (pages_->currentWidget() != page) pages_->setCurrentWidget(page);
+  boxes_->setVisible(isInSections);
   // The focus first: a control that is shut while it has the focus would hand it on to anything.
   for (const auto& [control, isEnabled] : states)
     if (!isEnabled && control->hasFocus()) FocusBox(RoofBox::txtSection);

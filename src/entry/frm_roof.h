@@ -79,6 +79,7 @@ class frmROOF : public QDialog {
   QStackedWidget* pages_ = nullptr;
   QWidget* sections_ = nullptr;
   QWidget* pctjoist_ = nullptr;
+  QWidget* boxes_ = nullptr;
   RoofView* pctVIEW_ = nullptr;
   std::array<QRadioButton*, kRoofTypes> optRoof_{};
   std::array<QLineEdit*, kLengthBoxes> lengths_{};  // in the order of RoofBox

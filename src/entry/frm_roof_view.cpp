@@ -23,15 +23,16 @@ struct Corner {
 };
 
 // What lies along the ridge goes up and to the right, shortened; what stands across it is seen as it is, pitch included.
-constexpr double kDepthRight = 0.50;
-constexpr double kDepthUp = 0.33;
+// Steeper than the steepest pitch, so that both sides of every roof are seen.
+constexpr double kDepthRight = 0.38;
+constexpr double kDepthUp = 0.45;
 
 // A roof longer than this many runs is drawn with a break, so that its profile can still be read.
 constexpr double kLongestDepth = 9;
 
 QPointF Project(const Corner& corner) { return {corner.x + corner.y * kDepthRight, -(corner.z + corner.y * kDepthUp)}; }
 
-enum class Face { Left, Right, Front, MainRoof };
+enum class Face { Left, Right, Hip, Gable, MainRoof };
 
 struct Surface {
   Face face;
@@ -102,7 +103,7 @@ void AddSides(Shape& shape, double ridgeFrom, double ridgeTo, double eaveTo) {
 // The end in front: a gable where the ridge begins at 0, a hip where it begins further back.
 void AddFront(Shape& shape, double ridgeFrom) {
   const Corner top{0, ridgeFrom, shape.rise};
-  shape.surfaces.push_back({Face::Front, {{-shape.run, 0, 0}, {shape.run, 0, 0}, top}});
+  shape.surfaces.push_back({ridgeFrom > 0 ? Face::Hip : Face::Gable, {{-shape.run, 0, 0}, {shape.run, 0, 0}, top}});
   shape.profileAt = ridgeFrom;
   shape.hidden.push_back({top, {0, ridgeFrom, 0}});
   if (ridgeFrom > 0) shape.hidden.push_back({{0, ridgeFrom, 0}, {shape.run, ridgeFrom, 0}});
@@ -138,7 +139,7 @@ Shape ShapeOf(int type, const Measures& measures) {
     case kShedSection:
       shape.countsBothSides = false;
       shape.surfaces.push_back({Face::Right, {{run, 0, 0}, {0, 0, shape.rise}, {0, length, shape.rise}, {run, length, 0}}});
-      shape.surfaces.push_back({Face::Front, {{0, 0, 0}, {run, 0, 0}, {0, 0, shape.rise}}});
+      shape.surfaces.push_back({Face::Gable, {{0, 0, 0}, {run, 0, 0}, {0, 0, shape.rise}}});
       shape.ridge = Edge{{0, 0, shape.rise}, {0, length, shape.rise}};
       break;
     default:
@@ -157,17 +158,25 @@ QColor Mixed(const QColor& ground, const QColor& colour, double share) {
 // Draws in pixels what the shape holds in feet.
 class Drafter {
  public:
-  Drafter(QPainter& painter, const QRectF& area, const Shape& shape, double below)
-      : painter_(painter), colours_(ColoursOfLook()), em_(QFontMetricsF(painter.font()).height()) {
-    QRectF bounds;
+  /// `below` is the room under the front, `lengthText` what `DrawAlong` will write.
+  Drafter(QPainter& painter, const QRectF& area, const Shape& shape, double below, const QString& lengthText)
+      : painter_(painter), area_(area), colours_(ColoursOfLook()), em_(QFontMetricsF(painter.font()).height()) {
+    QPolygonF outline;
     for (const Surface& surface : shape.surfaces)
-      for (const Corner& corner : surface.corners) {
-        const QPointF at = Project(corner);
-        bounds = bounds.isNull() ? QRectF(at, QSizeF(1e-9, 1e-9)) : bounds.united(QRectF(at, QSizeF(1e-9, 1e-9)));
-      }
-    const QRectF room = area.adjusted(em_, em_, -em_, -below);
-    scale_ = std::min(room.width() / bounds.width(), room.height() / bounds.height());
-    origin_ = room.center() - bounds.center() * scale_;
+      for (const Corner& corner : surface.corners) outline << Project(corner);
+    const QRectF bounds = outline.boundingRect();
+    QRectF room = area.adjusted(em_, em_, -em_ * 2, -below);
+    // Narrower until the text beside the eave has its place.
+    const double least = room.width() * 0.4;
+    for (double missing = 1; missing > 0; room.setWidth(std::max(least, room.width() - missing))) {
+      scale_ = std::min(room.width() / bounds.width(), room.height() / bounds.height());
+      origin_ = room.center() - bounds.center() * scale_;
+      missing = TextPlace(shape.length).x() + WidthOf(lengthText) + em_ - area.right();
+      if (room.width() <= least) break;
+    }
+    // What the text did not need goes back to both sides.
+    const double spare = area.right() - em_ - std::max(At(RightmostOf(shape)).x(), TextPlace(shape.length).x() + WidthOf(lengthText));
+    origin_.rx() += std::max(0.0, (spare - (origin_.x() + bounds.left() * scale_ - area.left() - em_)) / 2);
   }
 
   [[nodiscard]] QPointF At(const Corner& corner) const { return origin_ + Project(corner) * scale_; }
@@ -214,40 +223,59 @@ class Drafter {
     }
   }
 
-  // A line between two points, moved aside by `aside`, with ends marked and its text in the middle.
-  void DrawDimension(const QPointF& from, const QPointF& to, const QPointF& aside, const QString& text, Qt::Alignment side) {
-    painter_.setPen(Pen(colours_.edge, 1));
-    const QPointF witness = aside * (1 + 0.25 * em_ / std::max(1.0, std::hypot(aside.x(), aside.y())));
-    painter_.drawLine(from, from + witness);
-    painter_.drawLine(to, to + witness);
-    const QPointF a = from + aside;
-    const QPointF b = to + aside;
-    painter_.setPen(Pen(colours_.quietText, 1));
-    painter_.drawLine(a, b);
-    const QPointF tick(em_ * 0.2, -em_ * 0.2);
-    painter_.drawLine(a - tick, a + tick);
-    painter_.drawLine(b - tick, b + tick);
-    DrawText((a + b) / 2, text, side);
+  // A line below two points of the front, with its ends marked and its text under it.
+  void DrawAcross(const Edge& edge, double down, const QString& text) {
+    const QPointF aside(0, down);
+    DrawMeasure(At(edge.from), At(edge.to), aside);
+    DrawText((At(edge.from) + At(edge.to)) / 2 + QPointF(0, down + em_ * 0.15), Qt::AlignHCenter, text);
   }
 
-  // Text below or right of a point.
-  void DrawText(const QPointF& at, const QString& text, Qt::Alignment side) {
-    const QFontMetricsF metrics(painter_.font());
-    QRectF box(QPointF(), QSizeF(metrics.horizontalAdvance(text) + em_ * 0.4, metrics.height()));
-    if (side == Qt::AlignBottom)
-      box.moveCenter(at + QPointF(0, box.height() * 0.62));
-    else
-      box.moveTopLeft(at + QPointF(em_ * 0.4, em_ * 0.1));
-    const QRectF view = QRectF(painter_.viewport()).adjusted(2, 2, -2, -2);
-    if (box.right() > view.right()) box.moveRight(view.right());
-    if (box.left() < view.left()) box.moveLeft(view.left());
-    if (box.bottom() > view.bottom()) box.moveBottom(view.bottom());
-    painter_.setPen(colours_.text);
-    painter_.drawText(box, Qt::AlignCenter, text);
+  // A line beside an eave, with its text to the right of it and below.
+  void DrawAlong(const Edge& edge, const QString& text) {
+    DrawMeasure(At(edge.from), At(edge.to), BesideEave());
+    DrawText(TextPlace(edge), Qt::AlignLeft, text);
   }
 
  private:
   static QPen Pen(const QColor& colour, double width) { return {colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin}; }
+
+  void DrawMeasure(const QPointF& from, const QPointF& to, const QPointF& aside) {
+    painter_.setPen(Pen(colours_.edge, 1));
+    const QPointF witness = aside * (1 + 0.3 * em_ / std::max(1.0, std::hypot(aside.x(), aside.y())));
+    painter_.drawLine(from, from + witness);
+    painter_.drawLine(to, to + witness);
+    painter_.setPen(Pen(colours_.quietText, 1));
+    painter_.drawLine(from + aside, to + aside);
+    const QPointF tick(em_ * 0.2, -em_ * 0.2);
+    for (const QPointF& end : {from + aside, to + aside}) painter_.drawLine(end - tick, end + tick);
+  }
+
+  [[nodiscard]] QPointF BesideEave() const { return QPointF(0.76, 0.65) * em_ * 0.8; }
+
+  [[nodiscard]] QPointF TextPlace(const Edge& eave) const {
+    return (At(eave.from) + At(eave.to)) / 2 + BesideEave() + QPointF(em_ * 0.4, 0);
+  }
+
+  static Corner RightmostOf(const Shape& shape) {
+    Corner rightmost;
+    for (const Surface& surface : shape.surfaces)
+      for (const Corner& corner : surface.corners)
+        if (Project(corner).x() > Project(rightmost).x()) rightmost = corner;
+    return rightmost;
+  }
+
+  [[nodiscard]] double WidthOf(const QString& text) const { return QFontMetricsF(painter_.font()).horizontalAdvance(text); }
+
+  // With the middle or the left end of its upper edge at a point, within the area.
+  void DrawText(const QPointF& at, Qt::Alignment side, const QString& text) {
+    const double width = WidthOf(text) + 2;
+    const double left = std::clamp(side == Qt::AlignLeft ? at.x() : at.x() - width / 2, area_.left() + em_ / 2,
+                                   std::max(area_.left() + em_ / 2, area_.right() - em_ / 2 - width));
+    const QRectF box(left, at.y(), width, em_);
+    painter_.fillRect(box, colours_.card);
+    painter_.setPen(colours_.text);
+    painter_.drawText(box, Qt::AlignCenter, text);
+  }
 
   [[nodiscard]] QColor FillOf(Face face) const {
     switch (face) {
@@ -255,8 +283,10 @@ class Drafter {
         return Mixed(colours_.card, colours_.focus, 0.10);
       case Face::Right:
         return Mixed(colours_.card, colours_.focus, 0.22);
-      case Face::Front:
-        return Mixed(colours_.card, colours_.text, 0.05);
+      case Face::Hip:
+        return Mixed(colours_.card, colours_.focus, 0.16);
+      case Face::Gable:
+        return Mixed(colours_.card, colours_.text, 0.06);
       case Face::MainRoof:
         break;
     }
@@ -264,6 +294,7 @@ class Drafter {
   }
 
   QPainter& painter_;
+  QRectF area_;
   const Colours& colours_;
   double em_;
   double scale_ = 1;
@@ -321,8 +352,9 @@ void RoofView::paintEvent(QPaintEvent* /*event*/) {
   const bool hasLoadWall = measures.loadWall > 0;
   const bool isWallInside = hasLoadWall && measures.hasRun && measures.loadWall <= measures.run;
   const double em = QFontMetricsF(painter.font()).height();
-  const double below = em * (isWallInside ? 5.4 : 3.4);
-  Drafter drafter(painter, area, shape, below);
+  const QString length = tr("Length %1").arg(measures.hasLength ? Feet(section_->SectionLength) : tr("?"));
+  const double below = em * (isWallInside ? 5.6 : 3.8);
+  Drafter drafter(painter, area, shape, below, length);
   for (const Surface& surface : shape.surfaces) drafter.Draw(surface);
   for (const Edge& edge : shape.hidden) drafter.DrawHidden(edge);
   if (isWallInside) {
@@ -337,27 +369,19 @@ void RoofView::paintEvent(QPaintEvent* /*event*/) {
   }
 
   // The run lies under the front, the load wall's part of it above that line.
-  double down = em * 0.9;
-  const QPointF middle = drafter.At({0, 0, 0});
-  if (isWallInside) {
-    drafter.DrawDimension(middle, drafter.At({measures.loadWall, 0, 0}), {0, down}, tr("Load wall %1").arg(Feet(section_->LoadWallRun)),
-                          Qt::AlignBottom);
-    down += em * 2;
-  }
-  const QString run = measures.hasRun ? tr("Run %1").arg(Feet(section_->RafterRun)) : tr("Run ?");
-  drafter.DrawDimension(middle, drafter.At({shape.run, 0, 0}), {0, down}, run, Qt::AlignBottom);
-
-  QString length = tr("Length ?");
-  if (measures.hasLength)
-    length = shape.countsBothSides ? tr("Length %1, both sides").arg(Feet(section_->SectionLength))
-                                   : tr("Length %1").arg(Feet(section_->SectionLength));
-  drafter.DrawDimension(drafter.At(shape.length.from), drafter.At(shape.length.to), QPointF(em * 0.75, em * 0.75), length, Qt::AlignRight);
+  double down = em * 0.8;
+  const double wallDown = down;
+  if (isWallInside) down += em * 1.9;
+  drafter.DrawAcross({{0, 0, 0}, {shape.run, 0, 0}}, down, tr("Run %1").arg(measures.hasRun ? Feet(section_->RafterRun) : tr("?")));
+  if (isWallInside)
+    drafter.DrawAcross({{0, 0, 0}, {measures.loadWall, 0, 0}}, wallDown, tr("Load wall %1").arg(Feet(section_->LoadWallRun)));
+  drafter.DrawAlong(shape.length, length);
   DrawPitch(painter, area, section_->PitchIndex + 3);
-  if (hasLoadWall && measures.hasRun && !isWallInside) {
-    painter.setPen(colours.quietText);
-    painter.drawText(area.adjusted(em, 0, -em / 2, -em * 0.4), Qt::AlignLeft | Qt::AlignBottom,
-                     tr("The load wall lies beyond the rafter run."));
-  }
+  QStringList notes;
+  if (hasLoadWall && measures.hasRun && !isWallInside) notes << tr("The load wall lies beyond the rafter run.");
+  if (shape.countsBothSides) notes << tr("Length: both sides together");
+  painter.setPen(colours.quietText);
+  painter.drawText(area.adjusted(em * 0.8, 0, -em * 0.8, -em * 0.4), Qt::AlignLeft | Qt::AlignBottom, notes.join(QLatin1Char('\n')));
 }
 
 }  // namespace norvale
