@@ -102,7 +102,19 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
     QPushButton:pressed { background: @down; }
     QPushButton:focus { border: 2px solid @focus; padding: 4px 13px; }
     QPushButton:disabled { background: @disabledBase; color: @disabledText; }
+    QComboBox::drop-down { border: none; width: 1.6em; }
+    QComboBox::down-arrow { image: url(:/pictures/down-@look.svg); width: 0.8em; height: 0.8em; }
+    QComboBox::down-arrow:disabled { image: none; }
     QCheckBox:focus, QRadioButton:focus { color: @focus; }
+    QCheckBox::indicator, QRadioButton::indicator { width: 0.8em; height: 0.8em; border: 1px solid @quiet; background: @base; }
+    QCheckBox::indicator { border-radius: 3px; }
+    QRadioButton::indicator { border-radius: 0.45em; }
+    QCheckBox::indicator:checked { background: @focus; border-color: @focus; image: url(:/pictures/tick-@look.svg); }
+    QRadioButton::indicator:checked { width: 0.4em; height: 0.4em; border: 0.25em solid @focus; }
+    QCheckBox::indicator:disabled, QRadioButton::indicator:disabled { border-color: @edge; background: @disabledBase; }
+    QHeaderView::section {
+      border: none; border-bottom: 1px solid @edge; padding: 3px 4px; background: @base; color: @quiet;
+    }
     QWidget[band="true"] { background: @band; }
     QWidget[band="true"] QLabel { color: @bandText; background: transparent; }
     QLabel[role="quiet"] { color: @quiet; }
@@ -123,6 +135,7 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
       {QStringLiteral("@disabledBase"), grounds.disabledBase},
       {QStringLiteral("@disabledText"), grounds.disabledText},
   };
+  sheet.replace(QStringLiteral("@look"), CurrentLook() == Look::Dark ? QStringLiteral("dark") : QStringLiteral("light"));
   // The longer name first, where one begins with the other.
   for (auto at = colourOf.rbegin(); at != colourOf.rend(); ++at) sheet.replace(at->first, at->second.name());
   return sheet;

@@ -10,7 +10,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QRegularExpressionValidator>
 #include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
@@ -22,6 +21,7 @@
 #include "desktop/frm_keys.h"
 #include "desktop/frm_look.h"
 #include "desktop/frm_text.h"
+#include "entry/frm_boxes.h"
 #include "entry/frm_roof_view.h"
 
 namespace norvale {
@@ -31,7 +31,6 @@ namespace {
 enum ListColumn { kNumberColumn, kTypeColumn, kAreaColumn };
 
 constexpr int kLongestLength = 12;  // characters
-constexpr int kLongestFeet = 8;
 
 struct LengthBox {
   const char* name;
@@ -46,7 +45,7 @@ constexpr std::array<LengthBox, 3> kLengths = {{
 
 template <std::size_t N>
 QComboBox* MakeCombo(QWidget* parent, const char* name, const QString& label, const std::array<std::string_view, N>& rows) {
-  auto* const box = new QComboBox(parent);
+  auto* const box = new ChoiceList(parent);
   box->setObjectName(QString::fromLatin1(name));
   box->setAccessibleName(label);
   for (const std::string_view row : rows) box->addItem(Shown(row));
@@ -174,10 +173,10 @@ QWidget* frmROOF::MakeBoxes() {
   cboPitch_ = addCombo(1, "cboPitch", tr("Roof Pitch"), kPitches);
   cboRFType_ = addCombo(2, "cboRFType", tr("Rafter Framing Type"), kRafterSpecies);
   // The longest caption takes three lines where the type is large.
-  const QString caption = QString::fromLatin1(kLengths.back().label);
-  const int wide = metrics.horizontalAdvance(caption + QStringLiteral("  "));
-  const int usual = metrics.height() * 60 < 1100 ? wide : metrics.horizontalAdvance(QStringLiteral("Load Bearing Wall  "));
-  grid->setColumnMinimumWidth(0, usual);
+  constexpr int kLargeType = 18;  // pixels
+  auto* const longest = qobject_cast<QLabel*>(grid->itemAtPosition(kLengthBoxes - 1, 0)->widget());
+  longest->setFixedWidth(metrics.horizontalAdvance(metrics.height() < kLargeType ? longest->text() + QStringLiteral("  ")
+                                                                                 : QStringLiteral("Load Bearing Wall  ")));
   grid->setColumnStretch(3, 1);
   grid->setColumnStretch(6, 1);
   return boxes;
@@ -201,18 +200,17 @@ QWidget* frmROOF::MakeJoists() {
     const QString stock = column == 0 ? tr("2 x 6") : tr("2 x 8");
     grid->addWidget(new QLabel(stock, panel), 0, column + 1);
     for (std::size_t row = 0; row < kCeilingJoistRows; ++row) {
-      auto* const box = new QLineEdit(panel);
+      auto* const box = new NumberEdit(panel);
       const int feet = 8 + 2 * static_cast<int>(row);
       box->setObjectName(InArray(column == 0 ? "txtTWOxSIX" : "txtTWOxEIGHT", row));
       box->setAccessibleName(tr("Feet of %1 joists of %2 ft").arg(stock).arg(feet));
-      box->setMaxLength(kLongestFeet);
       box->setFixedWidth(metrics.averageCharWidth() * 12);
-      box->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral(R"([0-9]*\.?[0-9]*)")), box));
-      box->installEventFilter(this);
-      connect(box, &QLineEdit::textEdited, this, &frmROOF::TakeBoxes);
+      const std::size_t index = static_cast<std::size_t>(column) * kCeilingJoistRows + row;
+      connect(box, &NumberEdit::Changed, this, &frmROOF::TakeBoxes);
+      connect(box, &NumberEdit::LeftForBox, this, [this, index] { CheckJoist(index); });
       if (column == 0) grid->addWidget(new QLabel(tr("Joists of %1 ft").arg(feet), panel), static_cast<int>(row) + 1, 0);
       grid->addWidget(box, static_cast<int>(row) + 1, column + 1);
-      joists_[static_cast<std::size_t>(column) * kCeilingJoistRows + row] = box;
+      joists_[index] = box;
     }
   }
   grid->setColumnStretch(3, 1);
@@ -458,7 +456,6 @@ void frmROOF::Done() {
   }
   if (!Took(done.step)) return;
   joists_.front()->setFocus(Qt::OtherFocusReason);
-  joists_.front()->selectAll();
 }
 
 void frmROOF::BackToSections() {
@@ -472,9 +469,7 @@ void frmROOF::FinishWithJoists() {
   ShowForm();
   if (!step.IsDone()) {
     program_.messages.ShowMessage(WithTitle(step.message));
-    QLineEdit* const box = joists_[step.focus.value_or(0)];
-    box->setFocus(Qt::OtherFocusReason);
-    box->selectAll();
+    joists_[step.focus.value_or(0)]->TakeFocusBack();
     return;
   }
   CopyRoofToPlan(form_, plan_, dataEntry_);
@@ -501,8 +496,7 @@ void frmROOF::CheckJoist(std::size_t box) {
   ShowForm();
   if (message.empty()) return;
   program_.messages.ShowMessage(WithTitle(message));
-  joists_[box]->setFocus(Qt::OtherFocusReason);
-  joists_[box]->selectAll();
+  joists_[box]->TakeFocusBack();
 }
 
 bool frmROOF::eventFilter(QObject* watched, QEvent* event) {
@@ -513,13 +507,9 @@ bool frmROOF::eventFilter(QObject* watched, QEvent* event) {
   if (!goesToBox) return QDialog::eventFilter(watched, event);
   // After this event: a message must not open while the focus is on its way.
   const auto length = std::find(lengths_.begin(), lengths_.end(), watched);
-  const auto joist = std::find(joists_.begin(), joists_.end(), watched);
   if (length != lengths_.end())
     QMetaObject::invokeMethod(
         this, [this, box = static_cast<std::size_t>(length - lengths_.begin())] { CheckLength(box); }, Qt::QueuedConnection);
-  if (joist != joists_.end())
-    QMetaObject::invokeMethod(
-        this, [this, box = static_cast<std::size_t>(joist - joists_.begin())] { CheckJoist(box); }, Qt::QueuedConnection);
   return QDialog::eventFilter(watched, event);
 }
 

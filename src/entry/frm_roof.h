@@ -17,6 +17,7 @@ class QTreeWidget;
 
 namespace norvale {
 
+class NumberEdit;
 class RoofView;
 
 class frmROOF : public QDialog {
@@ -87,7 +88,7 @@ class frmROOF : public QDialog {
   QComboBox* cboPitch_ = nullptr;
   QComboBox* cboRafter_ = nullptr;
   QComboBox* cboRFType_ = nullptr;
-  std::array<QLineEdit*, kPanelBoxes> joists_{};
+  std::array<NumberEdit*, kPanelBoxes> joists_{};
   QTreeWidget* lstSections_ = nullptr;
   QLabel* lblsection_ = nullptr;
   QLabel* lblsqft_ = nullptr;
