@@ -98,6 +98,7 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
     QPushButton {
       border: 1px solid @edge; border-radius: 4px; padding: 5px 14px; min-width: 4em; background: @button; color: @text;
     }
+    QPushButton[role="key"] { min-width: 1.5em; padding: 5px; }
     QPushButton:hover { background: @over; }
     QPushButton:pressed { background: @down; }
     QPushButton:focus { border: 2px solid @focus; padding: 4px 13px; }
@@ -106,17 +107,19 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
     QComboBox::down-arrow { image: url(:/pictures/down-@look.svg); width: 0.8em; height: 0.8em; }
     QComboBox::down-arrow:disabled { image: none; }
     QCheckBox:focus, QRadioButton:focus { color: @focus; }
-    QCheckBox::indicator, QRadioButton::indicator { width: 0.8em; height: 0.8em; border: 1px solid @quiet; background: @base; }
+    QCheckBox::indicator, QRadioButton::indicator { width: @sidepx; height: @sidepx; border: 1px solid @quiet; background: @base; }
     QCheckBox::indicator { border-radius: 3px; }
-    QRadioButton::indicator { border-radius: 0.45em; }
+    QRadioButton::indicator { border-radius: @radiuspx; }
     QCheckBox::indicator:checked { background: @focus; border-color: @focus; image: url(:/pictures/tick-@look.svg); }
-    QRadioButton::indicator:checked { width: 0.4em; height: 0.4em; border: 0.25em solid @focus; }
+    QRadioButton::indicator:checked { width: @dotpx; height: @dotpx; border: @rimpx solid @focus; }
     QCheckBox::indicator:disabled, QRadioButton::indicator:disabled { border-color: @edge; background: @disabledBase; }
     QHeaderView::section {
       border: none; border-bottom: 1px solid @edge; padding: 3px 4px; background: @base; color: @quiet;
     }
     QWidget[band="true"] { background: @band; }
     QWidget[band="true"] QLabel { color: @bandText; background: transparent; }
+    QFrame[role="readout"] { border: 1px solid @edge; border-radius: 4px; background: @base; }
+    QFrame[role="readout"]:focus { border: 2px solid @focus; }
     QLabel[role="quiet"] { color: @quiet; }
     QLabel[role="bracket"] { border-left: 2px solid @edge; padding-left: 8px; }
     QLabel[role="status"] { color: @quiet; border-top: 1px solid @edge; padding: 6px 16px; }
@@ -135,6 +138,11 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
       {QStringLiteral("@disabledBase"), grounds.disabledBase},
       {QStringLiteral("@disabledText"), grounds.disabledText},
   };
+  // Whole pixels: a circle whose radius is not half of its side is none.
+  const int rim = std::max(3, QFontMetrics(QApplication::font()).height() / 4);
+  const int dot = 2 * std::max(2, rim * 2 / 3);
+  const std::pair<const char*, int> sizes[] = {{"@side", dot + 2 * rim - 2}, {"@radius", dot / 2 + rim}, {"@dot", dot}, {"@rim", rim}};
+  for (const auto& [name, size] : sizes) sheet.replace(QLatin1String(name), QString::number(size));
   sheet.replace(QStringLiteral("@look"), CurrentLook() == Look::Dark ? QStringLiteral("dark") : QStringLiteral("light"));
   // The longer name first, where one begins with the other.
   for (auto at = colourOf.rbegin(); at != colourOf.rend(); ++at) sheet.replace(at->first, at->second.name());

@@ -12,13 +12,22 @@ namespace {
 
 constexpr std::string_view kZeroDivisor = "0 Can't divide by zero|";
 constexpr std::ptrdiff_t kMostDigits = 15;  // more than a number can hold exactly are not taken
+constexpr double kTooManyDigits = 1e15;     // nor are they shown
+constexpr double kSmall = 1e-4;             // shown with fixed decimals from here on down
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 double ReadoutValue(const Calculator& calculator) { return Val(CarriedText(calculator)); }
 
+std::string SmallNumber(double value) {
+  std::string text = FormatNumber(value, {.wholeDigits = 1, .decimals = 12});
+  while (text.back() == '0') text.pop_back();
+  if (text.back() == '.') text.pop_back();
+  return text;
+}
+
 void ShowNumber(Calculator& calculator, double value) {
-  calculator.readout = Digits(value);
+  calculator.readout = std::abs(value) < kSmall ? SmallNumber(value) : Digits(value);
   std::replace(calculator.readout.begin(), calculator.readout.end(), '.', calculator.decimalSign);
 }
 
@@ -64,8 +73,9 @@ void PressDecimal(Calculator& calculator) {
 }
 
 std::string PressOperator(Calculator& calculator, char key) {
+  // Only a number that was typed is read from the readout: a result is known more exactly than it can be shown.
   if (calculator.LastInput == CalcInput::NUMS) ++calculator.OperandCount;
-  if (calculator.OperandCount == 1 && calculator.LastInput != CalcInput::CE) {
+  if (calculator.LastInput == CalcInput::NUMS && calculator.OperandCount == 1) {
     calculator.FirstOperand = ReadoutValue(calculator);
   } else if (calculator.OperandCount == 2) {
     calculator.SecondOperand = ReadoutValue(calculator);
@@ -75,7 +85,7 @@ std::string PressOperator(Calculator& calculator, char key) {
     }
     calculator.FirstOperand = Result(calculator.PendingOperator, calculator.FirstOperand, calculator.SecondOperand);
     calculator.OperandCount = 1;
-    if (!std::isfinite(calculator.FirstOperand)) {
+    if (!(std::abs(calculator.FirstOperand) < kTooManyDigits)) {
       PressCancel(calculator);
       return std::string(kEntryTooLarge);
     }

@@ -26,7 +26,7 @@ struct Calculator {
 void PressDigit(Calculator& calculator, int digit);
 void PressDecimal(Calculator& calculator);
 
-/// '+', '-', '*', '/' or '='. A divisor of 0, and a result that no number can hold, is told and clears the calculator.
+/// '+', '-', '*', '/' or '='. A divisor of 0, and a result of more than 15 digits, is told and clears the calculator.
 std::string PressOperator(Calculator& calculator, char key);
 
 /// The percentage of the first operand before + and -, a hundredth otherwise.

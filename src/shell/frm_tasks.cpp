@@ -1,6 +1,9 @@
 #include "shell/frm_tasks.h"
 
+#include "desktop/frm_text.h"
+#include "entry/frm_calc.h"
 #include "shell/frm_address.h"
+#include "shell/status_line.h"
 
 namespace norvale {
 
@@ -69,6 +72,8 @@ void RunTask(Program& program, MenuChoice choice, QWidget* menu) {
   }
 }
 
-void RunCalculator(Program& program, QWidget* /*control*/) { SayNotInThisVersion(program, "The calculator"); }
+void RunCalculator(Program& program, QWidget* control, CalculatorPlace& place) {
+  OpenCalculator(program.messages, control, Shown(kCalculatorHint), place);
+}
 
 }  // namespace norvale

@@ -8,10 +8,12 @@ class QWidget;
 
 namespace norvale {
 
+struct CalculatorPlace;
+
 /// Shows the form of the choice and returns when it has closed.
 void RunTask(Program& program, MenuChoice choice, QWidget* menu);
 
-/// Opens the calculator above the control that asked for it.
-void RunCalculator(Program& program, QWidget* control);
+/// Opens the calculator above the control that asked for it, where it stood before.
+void RunCalculator(Program& program, QWidget* control, CalculatorPlace& place);
 
 }  // namespace norvale

@@ -4,6 +4,7 @@
 #include "desktop/frm_keys.h"
 #include "desktop/frm_look.h"
 #include "desktop/frm_mbox.h"
+#include "entry/frm_calc.h"
 #include "shell/frm_menu.h"
 #include "shell/frm_start.h"
 #include "shell/frm_tasks.h"
@@ -24,7 +25,8 @@ int main(int argc, char** argv) {
   const auto folder = OpenWorkingFolder(std::filesystem::current_path(), session, messages);
   if (!folder) return 1;
   Program program{*folder, session, messages};
-  keys.SetCalculator([&program](QWidget* control) { RunCalculator(program, control); });
+  CalculatorPlace calculator;
+  keys.SetCalculator([&program, &calculator](QWidget* control) { RunCalculator(program, control, calculator); });
   frmMenu menu(program, [&program](MenuChoice choice, QWidget* form) { RunTask(program, choice, form); });
   menu.exec();
   return 0;
