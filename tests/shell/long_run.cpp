@@ -23,6 +23,7 @@
 #include "desktop/frm_keys.h"
 #include "desktop/frm_look.h"
 #include "desktop/frm_mbox.h"
+#include "entry/frm_calc.h"
 #include "prices/new_folder.h"
 #include "shell/frm_menu.h"
 #include "shell/frm_tasks.h"
@@ -189,7 +190,8 @@ int Run(int argc, char** argv) {
     const std::vector plans = {Plan(1, "A", 1), Plan(2, "B", 8 + 16)};
     StoreAll(folder, customers, plans);
     Program program{folder, session, messages};
-    keys.SetCalculator([&program](QWidget* control) { RunCalculator(program, control); });
+    CalculatorPlace calculator;
+    keys.SetCalculator([&program, &calculator](QWidget* control) { RunCalculator(program, control, calculator); });
     frmMenu menu(program, [&program](MenuChoice choice, QWidget* form) { RunTask(program, choice, form); });
     menu.resize(1024, 700);
     RandomOperator hand(seed, menu);
