@@ -2,6 +2,7 @@
 
 #include "desktop/frm_text.h"
 #include "entry/frm_calc.h"
+#include "printing/frm_dispatch.h"
 #include "shell/frm_address.h"
 #include "shell/status_line.h"
 
@@ -38,16 +39,16 @@ void RunTask(Program& program, MenuChoice choice, QWidget* menu) {
       break;
     case MenuChoice::CustomerList:
     case MenuChoice::PrintCustomerList:
-      SayNotInThisVersion(program, "Printing the customer list");
+      PrintDispatch(program, PrintKind::CustomerList, nullptr, menu);
       break;
     case MenuChoice::PrintWorksheet:
-      SayNotInThisVersion(program, "Printing worksheets");
+      PrintDispatch(program, PrintKind::Worksheet, nullptr, menu);
       break;
     case MenuChoice::PrintEstimate:
       SayNotInThisVersion(program, "Printing estimates");
       break;
     case MenuChoice::PrintEstimateList:
-      SayNotInThisVersion(program, "Printing the estimate list");
+      PrintDispatch(program, PrintKind::EstimateList, nullptr, menu);
       break;
     case MenuChoice::CompanyInformation:
       EditCompany(program, menu);

@@ -67,15 +67,4 @@ EstimateTotals PrintEstimate(const EstimatePrint& print, const TakeoffData& data
   return {.lines = std::move(run.lines), .GrandTotal = run.GrandTotal};
 }
 
-int DefaultSections(const EstimateRecord& plan) {
-  const bool slab = (plan.PlanType & kSlab) != 0;
-  int mask = kFirstFloorWallSystem | kRoofSystem | kExteriorTrim | kSpecifications;
-  if (!slab) mask |= kFirstFloorFloorSystem;
-  if ((plan.PlanType & (kTwoLevelSlab | kTwoLevelCrawl)) != 0) mask |= kSecondFloorFloorSystem | kSecondFloorWallSystem;
-  if (slab && plan.Combo15Text.Trimmed() != kFinished) return mask;
-  mask |= kSheetrock | kInteriorTrim;
-  if (plan.SecondFloorType != 1 || (plan.PlanType & kCrawlSpace) != 0) mask |= kFlooring;
-  return mask;
-}
-
 }  // namespace norvale

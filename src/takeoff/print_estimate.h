@@ -38,7 +38,4 @@ struct EstimateTotals {
 /// prints under the company's name.
 EstimateTotals PrintEstimate(const EstimatePrint& print, const TakeoffData& data, Page& page);
 
-/// The boxes that the print dialog ticks for a plan, without the one for prices.
-int DefaultSections(const EstimateRecord& plan);
-
 }  // namespace norvale

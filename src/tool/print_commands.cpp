@@ -4,6 +4,7 @@
 #include "data/folder_reader.h"
 #include "printing/estimate_document.h"
 #include "printing/estimate_output.h"
+#include "printing/print_selection.h"
 #include "tool/commands.h"
 
 namespace norvale {

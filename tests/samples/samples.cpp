@@ -5,6 +5,7 @@
 
 #include "case_file.h"
 #include "prices/delivered.h"
+#include "printing/print_selection.h"
 
 namespace norvale {
 

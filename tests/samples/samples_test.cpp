@@ -10,6 +10,7 @@
 #include "base/numbers.h"
 #include "case_file.h"
 #include "printing/estimate_document.h"
+#include "printing/print_selection.h"
 #include "samples.h"
 
 namespace norvale {

@@ -280,11 +280,7 @@ TEST_F(frmMenuWithTasksTest, WhatIsNotThereYetSaysSo) {
     const char* what;
   } rows[] = {
       {"Estimate", "cmdMENU2_1", "Opening plans"},
-      {"Customer", "cmdMENU3_1", "Printing the customer list"},
-      {"Print", "cmdMENU4_0", "Printing worksheets"},
       {"Print", "cmdMENU4_1", "Printing estimates"},
-      {"Print", "cmdMENU4_2", "Printing the estimate list"},
-      {"Print", "cmdMENU4_3", "Printing the customer list"},
       {"Utility", "cmdMENU5_1", "Editing the material lists"},
       {"Utility", "cmdMENU5_2", "Editing the price list"},
       {"Utility", "cmdMENU5_3", "Editing the waste factors"},

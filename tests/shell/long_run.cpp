@@ -11,6 +11,7 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSettings>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
@@ -179,6 +180,7 @@ int Run(int argc, char** argv) {
   FormKeys keys;
   const ScratchFolder scratch;
   std::filesystem::current_path(scratch.Path());
+  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, QString::fromStdString(scratch.Path().string()));
   std::vector<Fault> faults;
   {
     DataFolder folder(scratch.Path());

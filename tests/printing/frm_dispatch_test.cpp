@@ -1,0 +1,145 @@
+#include "printing/frm_dispatch.h"
+
+#include <gmock/gmock.h>
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QRadioButton>
+
+#include "delivered/sample_house.h"
+#include "desktop/desktop_fixture.h"
+#include "desktop/form_driver.h"
+#include "printing/frm_preview.h"
+#include "printing/frm_prtsel.h"
+#include "recording_printers.h"
+
+namespace norvale {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class PrintDispatchTest : public DesktopTest {
+ protected:
+  void Print(PrintKind kind, const std::function<void(frmPrtSel&)>& drive) {
+    DriveModal<frmPrtSel>([&] { PrintDispatch(program, kind, nullptr, nullptr, printers); }, drive);
+  }
+
+  RecordingPrinters printers;
+};
+
+// The frames of a dialog that are in sight.
+std::vector<std::string> Frames(QWidget& form) {
+  std::vector<std::string> names;
+  for (const char* const name : {"fraCustRange", "fraPlanType", "fraWorkSheet", "FraPrintSelect"})
+    if (!Find<QGroupBox>(form, name)->isHidden()) names.emplace_back(name);
+  return names;
+}
+
+TEST_F(PrintDispatchTest, EachKindShowsItsOwnFrames) {
+  const struct {
+    PrintKind kind;
+    std::vector<std::string> frames;
+    const char* focus;
+    bool hasCopies;
+  } rows[] = {
+      {PrintKind::CustomerList, {"fraCustRange"}, "optCustAll", false},
+      {PrintKind::EstimateList, {"fraCustRange"}, "optCustAll", false},
+      {PrintKind::Worksheet, {"fraPlanType", "fraWorkSheet"}, "chkPlanDesc_0", false},
+      {PrintKind::Estimate, {"FraPrintSelect"}, "chkPrtSel_0", true},
+  };
+  session.CurrentEstimate = NewPlan(4);
+  for (const auto& row : rows)
+    Print(row.kind, [&row](frmPrtSel& form) {
+      EXPECT_EQ(form.windowTitle(), QStringLiteral("Print"));
+      EXPECT_EQ(Frames(form), row.frames);
+      EXPECT_EQ(Focus(), row.focus);
+      EXPECT_EQ(Text(form, "txtPrintCopies"), "1");
+      EXPECT_EQ(!Find(form, "txtPrintCopies")->isHidden(), row.hasCopies);
+      EXPECT_EQ(Text(form, "txtCustFrom"), " 1");
+      EXPECT_EQ(Text(form, "txtCustTo"), " LAST");
+      EXPECT_TRUE(Find<QPushButton>(form, "cmdPrintOK")->isDefault());
+      Key(Qt::Key_Escape);
+    });
+  EXPECT_THAT(printers.jobs, IsEmpty());
+}
+
+TEST_F(PrintDispatchTest, EnterPrintsWhatIsTicked) {
+  session.CurrentEstimate = NewPlan(4);
+  Measure(session.CurrentEstimate);
+  Print(PrintKind::Estimate, [](frmPrtSel&) { Key(Qt::Key_Return); });
+  ASSERT_THAT(printers.jobs, SizeIs(1));
+  EXPECT_THAT(DocumentText(printers.jobs[0]), HasSubstr("1st FLOOR - FLOOR SYSTEM"));
+}
+
+TEST_F(PrintDispatchTest, AnEmptyCustomerFileSaysSo) {
+  asked.Expect(WithTitle("0 Customer File Is EMPTY!|"));
+  Print(PrintKind::CustomerList, [](frmPrtSel& form) { Click(form, "cmdPrintOK"); });
+  EXPECT_THAT(printers.jobs, IsEmpty());
+}
+
+TEST_F(PrintDispatchTest, TheListsTakeTheirRange) {
+  StoreSamples();
+  const auto titles = [this](PrintKind kind, const std::function<void(frmPrtSel&)>& drive) {
+    printers.jobs.clear();
+    Print(kind, drive);
+    std::vector<std::string> found;
+    for (const Document& job : printers.jobs)
+      for (const std::string& line : job.pages.at(0))
+        if (line.starts_with("0") || line.starts_with("CUSTOMER NAME") || line.starts_with("ESTIMATE")) found.push_back(line.substr(0, 31));
+    return found;
+  };
+  const auto all = [](frmPrtSel& form) { Click(form, "cmdPrintOK"); };
+  EXPECT_THAT(titles(PrintKind::CustomerList, all),
+              ElementsAre("0000", "0003 Hill Homes", "0007 Oak Street Builders", "0012 Smith & Oakley"));
+  // The company has a plan of its own.
+  EXPECT_THAT(titles(PrintKind::EstimateList, all),
+              ElementsAre("ESTIMATE LIST: Customer 0 to LA", "CUSTOMER NAME: 0000", "CUSTOMER NAME: 0003  Hill Homes",
+                          "CUSTOMER NAME: 0007  Oak Street", "CUSTOMER NAME: 0012  Smith & Oa"));
+  const auto some = [](frmPrtSel& form) {
+    QTest::keyClick(Find(form, "optCustAll"), Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(Focus(), "txtCustFrom");
+    Keys("4");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Focus(), "txtCustTo");
+    Find<QLineEdit>(form, "txtCustTo")->selectAll();
+    Keys("7");
+    Click(form, "cmdPrintOK");
+  };
+  EXPECT_THAT(titles(PrintKind::EstimateList, some), ElementsAre("ESTIMATE LIST: Customer 4 to 7 ", "CUSTOMER NAME: 0007  Oak Street"));
+}
+
+TEST_F(PrintDispatchTest, AWrongRangeIsRefusedWhereItIsTyped) {
+  StoreSamples();
+  const struct {
+    const char* box;
+    const char* typed;
+    const char* message;
+    const char* after;
+  } rows[] = {
+      {"txtCustFrom", "0", "0 Valid Values range from 1 to 32767,  Please re-Enter a Valid Value|", "1"},
+      {"txtCustFrom", "32768", "0 Valid Values range from 1 to 32767,  Please re-Enter a Valid Value|", "1"},
+      {"txtCustTo", "x", "0 Valid Values range from 1 to 32767,  Please re-Enter a Valid Value|", "32767"},
+      {"txtCustTo", "4", "0 Value needs to be Equal To or Greater Than the print from value,  Please re-Enter a larger Value|", "4"},
+      {"txtCustTo", "last", nullptr, "last"},
+  };
+  Print(PrintKind::CustomerList, [&](frmPrtSel& form) {
+    Find<QRadioButton>(form, "optCustSel")->click();
+    for (const auto& row : rows) {
+      Type(form, "txtCustFrom", "5");
+      if (row.message != nullptr) asked.Expect(WithTitle(row.message));
+      Type(form, row.box, row.typed);
+      Find(form, "optCustSel")->setFocus();
+      QApplication::processEvents();
+      asked.ExpectAllAsked();
+      EXPECT_EQ(Text(form, row.box), row.after);
+      EXPECT_EQ(Focus(), row.message != nullptr ? row.box : "optCustSel");
+    }
+    Key(Qt::Key_Escape);
+  });
+}
+
+}  // namespace
+}  // namespace norvale
