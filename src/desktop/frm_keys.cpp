@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -69,6 +70,8 @@ bool FormKeys::eventFilter(QObject* watched, QEvent* event) {
   }
   // ALT with a letter that no button has must not type the letter.
   if (key.modifiers() == Qt::AltModifier && !key.text().isEmpty() && qobject_cast<QLineEdit*>(control) != nullptr) return true;
+  // Where a file is picked, Enter picks it.
+  if (IsEnter(key) && qobject_cast<QFileDialog*>(control->window()) != nullptr) return false;
   if (IsEnter(key) && MovesOnWithEnter(control)) {
     if (control->property(kTakesEnter).toBool()) return false;
     MoveOn(control);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLabel>
@@ -114,7 +115,7 @@ void DriveModal(Open open, Drive drive) {
     }
     if (form->isVisible()) {
       ADD_FAILURE() << form->objectName().toStdString() << " was left open";
-      form->done(0);
+      static_cast<QDialog&>(*form).done(0);
     }
   });
   poll.start(5);
