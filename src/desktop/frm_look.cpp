@@ -113,6 +113,8 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
     QCheckBox::indicator:checked { background: @focus; border-color: @focus; image: url(:/pictures/tick-@look.svg); }
     QRadioButton::indicator:checked { width: @dotpx; height: @dotpx; border: @rimpx solid @focus; }
     QCheckBox::indicator:disabled, QRadioButton::indicator:disabled { border-color: @edge; background: @disabledBase; }
+    QTableView { border: 1px solid @edge; background: @base; }
+    QTableView:focus { border: 1px solid @focus; }
     QHeaderView::section {
       border: none; border-bottom: 1px solid @edge; padding: 3px 4px; background: @base; color: @quiet;
     }

@@ -2,6 +2,7 @@
 
 #include "desktop/frm_text.h"
 #include "entry/frm_calc.h"
+#include "prices/frm_prices.h"
 #include "printing/frm_dispatch.h"
 #include "shell/frm_address.h"
 #include "shell/status_line.h"
@@ -17,6 +18,11 @@ void SayNotInThisVersion(Program& program, std::string_view what) {
 void EditCustomers(Program& program, QWidget* menu) { frmAddress(program, CustomerFormMode::Customer, menu).exec(); }
 
 void EditCompany(Program& program, QWidget* menu) { frmAddress(program, CustomerFormMode::Company, menu).exec(); }
+
+void EditPrices(Program& program, QWidget* menu) {
+  const PrintPrices print = [&program](const PriceList&, QWidget*) { SayNotInThisVersion(program, "Printing the price list"); };
+  frmPrices(program, print, menu).exec();
+}
 
 // The customer first, so that the checklist opens with his number and name; with Cancel they are typed there.
 void EnterNewPlan(Program& program, QWidget* menu) {
@@ -57,7 +63,7 @@ void RunTask(Program& program, MenuChoice choice, QWidget* menu) {
       SayNotInThisVersion(program, "Editing the material lists");
       break;
     case MenuChoice::Prices:
-      SayNotInThisVersion(program, "Editing the price list");
+      EditPrices(program, menu);
       break;
     case MenuChoice::WasteFactors:
       SayNotInThisVersion(program, "Editing the waste factors");

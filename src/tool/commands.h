@@ -16,4 +16,7 @@ void AddExchangeCommands(CLI::App& app, const CommandContext& context);
 /// `delete`, `check`, `rebuild`, and `print customers` and `print estimates`.
 void AddDataCommands(CLI::App& app, CLI::App& print, const CommandContext& context);
 
+/// `prices export` and `prices import`.
+void AddPriceCommands(CLI::App& app, const CommandContext& context);
+
 }  // namespace norvale

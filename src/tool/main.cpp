@@ -53,6 +53,7 @@ int Run(int argc, char** argv) {
   AddPrintEstimate(*print, context);
   AddExchangeCommands(app, context);
   AddDataCommands(app, *print, context);
+  AddPriceCommands(app, context);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {

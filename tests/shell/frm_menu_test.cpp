@@ -282,7 +282,6 @@ TEST_F(frmMenuWithTasksTest, WhatIsNotThereYetSaysSo) {
       {"Estimate", "cmdMENU2_1", "Opening plans"},
       {"Print", "cmdMENU4_1", "Printing estimates"},
       {"Utility", "cmdMENU5_1", "Editing the material lists"},
-      {"Utility", "cmdMENU5_2", "Editing the price list"},
       {"Utility", "cmdMENU5_3", "Editing the waste factors"},
   };
   for (const auto& row : rows) {

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyleFactory>
+#include <QTabWidget>
 #include <QTest>
 #include <cstdio>
 
@@ -21,6 +22,9 @@
 #include "entry/screens.h"
 #include "prices/delivered.h"
 #include "prices/exchange.h"
+#include "prices/frm_price_preview.h"
+#include "prices/frm_price_table.h"
+#include "prices/frm_prices.h"
 #include "prices/new_folder.h"
 #include "shell/frm_address.h"
 #include "shell/frm_menu.h"
@@ -85,6 +89,26 @@ void TakeScreens(Camera& camera, Program& program, const char* file, const std::
     camera.Take(display, (name + "-" + std::to_string(screen + 1)).c_str());
   }
   display.hide();
+}
+
+void TakePrices(Camera& camera, Program& program) {
+  frmPrices form(program, [](const PriceList&, QWidget*) {});
+  camera.Take(form, "prices");
+  form.findChild<QPushButton*>(QStringLiteral("cmdFind"))->click();
+  camera.Take(form, "prices-find");
+  form.hide();
+  PriceEditor prices = OpenPrices(program.folder.Folder());
+  PriceHistory history;
+  frmPriceTable table(program, prices, history, 4);
+  camera.Take(table, "prices-table");
+  table.hide();
+  const PriceCsv csv = ReadPriceCsv(
+      "SKU,Item,Price 1,Price 2,Vendor\nLBR-2X6-08-SYP2,2X6 8 SYP,7.45,\"$1,006.95\",A\nLBR-2X6-08-SPF2,2X6 8 SPF,7.25,6.875,A\n"
+      "LBR-2X6-08-HF2,2X6 8 HF,7.34,0,A\nPL-999,GREENBOARD,14.10,13.90,B\nLBR-2X6-08-DFL2,2X6 8 DF,call,8.10,A\n");
+  frmPricePreview preview(QStringLiteral("Prices from june.csv"), prices.Items(), csv);
+  camera.Take(preview, "prices-preview");
+  preview.findChild<QTabWidget*>()->setCurrentIndex(1);
+  camera.Take(preview, "prices-preview-not-taken");
 }
 
 int Run(QApplication& app, const QStringList& words) {
@@ -164,6 +188,7 @@ int Run(QApplication& app, const QStringList& words) {
   frmEstsave save(PlanMode::Existing);
   camera.Take(save, "save");
   save.hide();
+  TakePrices(camera, program);
   frmHelp help(QStringLiteral("customers"));
   camera.Take(help, "help");
   return 0;
