@@ -272,26 +272,6 @@ TEST_F(frmMenuWithTasksTest, TheFirstCustomerIsEnteredOnTheWayToAPlan) {
                          });
 }
 
-TEST_F(frmMenuWithTasksTest, WhatIsNotThereYetSaysSo) {
-  StoreSamples();
-  const struct {
-    const char* menu;
-    const char* button;
-    const char* what;
-  } rows[] = {
-      {"Estimate", "cmdMENU2_1", "Opening plans"},
-      {"Print", "cmdMENU4_1", "Printing estimates"},
-      {"Utility", "cmdMENU5_1", "Editing the material lists"},
-      {"Utility", "cmdMENU5_3", "Editing the waste factors"},
-  };
-  for (const auto& row : rows) {
-    menu.ShowMenu(row.menu);
-    asked.Expect(Notice(std::string(row.what) + " is not part of this version of Norvale yet."));
-    Click(menu, row.button);
-    asked.ExpectAllAsked();
-  }
-}
-
 TEST_F(frmMenuWithTasksTest, TheCompanyIsEnteredAndStaysTheFirstRecord) {
   StoreSamples();
   menu.ShowMenu("Utility");
