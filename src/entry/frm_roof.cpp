@@ -13,6 +13,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
+#include <QStyle>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -274,7 +275,8 @@ QWidget* frmROOF::MakeList() {
   layout->addLayout(head);
   layout->addWidget(lstSections_, 1);
   layout->addWidget(lblsqft_);
-  side->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("64  Gable w/ Valley  9999 ____")));
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  side->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("64  Gable w/ Valley  99999 ____")) + bar);
   return side;
 }
 

@@ -3,11 +3,14 @@
 #include <QDir>
 #include <QFont>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <QTest>
+#include <QTimer>
 #include <cstdio>
+#include <functional>
 
 #include "base/files.h"
 #include "data/batch_store.h"
@@ -15,9 +18,12 @@
 #include "desktop/frm_help.h"
 #include "desktop/frm_look.h"
 #include "desktop/frm_mbox.h"
+#include "desktop/frm_text.h"
+#include "entry/frm_calc.h"
 #include "entry/frm_display.h"
 #include "entry/frm_estsave.h"
 #include "entry/frm_newest.h"
+#include "entry/frm_roof.h"
 #include "entry/plan_form.h"
 #include "entry/screens.h"
 #include "prices/delivered.h"
@@ -29,6 +35,7 @@
 #include "shell/frm_address.h"
 #include "shell/frm_menu.h"
 #include "shell/frm_start.h"
+#include "shell/status_line.h"
 #include "support/scratch_folder.h"
 
 namespace norvale {
@@ -68,11 +75,38 @@ class Camera {
     form.activateWindow();
     if (!QTest::qWaitForWindowActive(&form)) std::fprintf(stderr, "%s is not active\n", name);
     QTest::qWait(30);
-    const QString file = QStringLiteral("%1/%2%3.png").arg(folder_, QString::fromLatin1(name), ending_);
-    if (!form.grab().save(file)) std::fprintf(stderr, "%s cannot be written\n", qPrintable(file));
+    Save(form.grab(), FileOf(name));
+  }
+
+  /// The modal form that `open` opens, with `keys` typed into it, over the form below.
+  void TakeOver(QWidget& below, const char* keys, const char* name, const std::function<void()>& open) {
+    QTimer::singleShot(50, &below, [&] {
+      QWidget* const above = QApplication::activeModalWidget();
+      QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(keys));
+      QTest::qWait(30);
+      QPixmap picture = below.grab();
+      const QPixmap over = above->grab();
+      QPainter painter(&picture);
+      const QRect place(QPoint(below.width() - above->width(), below.height() - above->height()) * 4 / 5, above->size());
+      painter.drawPixmap(place, over);
+      painter.setPen(ColoursOfLook().edge);
+      painter.drawRect(place);
+      painter.end();
+      Save(picture, FileOf(name));
+      above->close();
+    });
+    open();
   }
 
  private:
+  [[nodiscard]] QString FileOf(const char* name) const {
+    return QStringLiteral("%1/%2%3.png").arg(folder_, QString::fromLatin1(name), ending_);
+  }
+
+  static void Save(const QPixmap& picture, const QString& file) {
+    if (!picture.save(file)) std::fprintf(stderr, "%s cannot be written\n", qPrintable(file));
+  }
+
   QString folder_;
   QString ending_;
 };
@@ -109,6 +143,40 @@ void TakePrices(Camera& camera, Program& program) {
   camera.Take(preview, "prices-preview");
   preview.findChild<QTabWidget*>()->setCurrentIndex(1);
   camera.Take(preview, "prices-preview-not-taken");
+}
+
+// The roof calculator with none, one, five (one of each type) and 64 sections, and its ceiling joists.
+void TakeRoof(Camera& camera, Program& program) {
+  const EstimateRecord sample = Sample("plan-crawl-stick-roof.json");
+  for (const std::size_t count : {0, 1, 5, 64}) {
+    EstimateRecord plan = sample;
+    for (std::size_t i = 0; i < kRoofPlanes; ++i) plan.RoofPlanes[i] = i < count ? sample.RoofPlanes[i % 5] : RoofPlane{};
+    PlanForm dataEntry;
+    frmROOF form(program, plan, dataEntry);
+    form.resize(1024, 700);
+    camera.Take(form, ("roof-" + std::to_string(count)).c_str());
+    if (count != 5) continue;
+    for (const char* const type : {"gable", "gable-valley", "hip", "hip-valley", "shed"}) {
+      camera.Take(form, (std::string("roof-") + type).c_str());
+      form.findChild<QPushButton*>(QStringLiteral("cmdNEXT"))->click();
+    }
+    form.findChild<QPushButton*>(QStringLiteral("cmdDONE"))->click();
+    camera.Take(form, "roof-joists");
+  }
+}
+
+void TakeCalculator(Camera& camera, Program& program) {
+  program.session.CurrentEstimate = Sample("plan-crawl-stick-roof.json");
+  PlanForm form = OpenPlanForm(PlanMode::Existing, false, program.session.CurrentEstimate, DeliveredScreenLines(), DeliveredMaterialRows());
+  frmDisplay display(program, form, false, {.printEstimate = [](const PlanForm&, QWidget*) {}, .keepDraft = {}, .makeLivePanel = {}});
+  display.resize(1024, 700);
+  display.findChild<QAbstractButton*>(QStringLiteral("cmdScreen_1"))->click();
+  display.show();
+  CalculatorPlace place;
+  camera.TakeOver(display, "28*2+30*2=", "calculator", [&] {
+    OpenCalculator(program.messages, display.findChild<QWidget*>(QStringLiteral("TxtDisp_0")), Shown(kCalculatorHint), place);
+  });
+  display.hide();
 }
 
 int Run(QApplication& app, const QStringList& words) {
@@ -185,6 +253,8 @@ int Run(QApplication& app, const QStringList& words) {
     camera.Take(sheet, "preliminary");
     sheet.hide();
   }
+  TakeRoof(camera, program);
+  TakeCalculator(camera, program);
   frmEstsave save(PlanMode::Existing);
   camera.Take(save, "save");
   save.hide();
