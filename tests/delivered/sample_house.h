@@ -13,18 +13,18 @@
 namespace norvale {
 
 /// The texts of each delivered list, without its "List End", and the row (from 1) that is its default.
-struct ChoiceList {
+struct DeliveredList {
   std::vector<std::string> rows;
   int defaultRow = 0;
 };
 
-inline const std::vector<ChoiceList>& DeliveredLists() {
-  static const std::vector<ChoiceList> lists = [] {
-    std::vector<ChoiceList> made(kSelectionLists);
+inline const std::vector<DeliveredList>& DeliveredLists() {
+  static const std::vector<DeliveredList> lists = [] {
+    std::vector<DeliveredList> made(kSelectionLists);
     for (const MaterialRow& row : DeliveredMaterialRows()) {
       const std::string text = row.ListText.Trimmed();
       if (text == kListEnd) continue;
-      ChoiceList& list = made.at(static_cast<std::size_t>(row.ListNumber));
+      DeliveredList& list = made.at(static_cast<std::size_t>(row.ListNumber));
       list.rows.push_back(text);
       if (row.ListDefaultFlag != 0) list.defaultRow = static_cast<int>(list.rows.size());
     }
