@@ -8,6 +8,8 @@
 #include "base/disk.h"
 #include "base/files.h"
 #include "prices/delivered.h"
+#include "printing/order_summary.h"
+#include "printing/worksheet.h"
 #include "takeoff/print_estimate.h"
 
 namespace norvale {
@@ -130,6 +132,31 @@ void CopyTheSameBytes(benchmark::State& state) {
   }
 }
 BENCHMARK(CopyTheSameBytes)->Unit(benchmark::kMicrosecond);
+
+// Beside the priced estimate itself: the summary takes the run once more, then puts its rows together and prints them.
+void OrderSummaryToText(benchmark::State& state) {
+  const EstimatePrint print = Print();
+  const TakeoffData data = Loaded();
+  for (auto _ : state) {
+    const OrderSummary summary = SummariseEstimate(print, data, SummaryOrder::YardSections);
+    const std::string text = DocumentText(OrderSummaryDocument(print, summary, true));
+    benchmark::DoNotOptimize(text.data());
+  }
+}
+BENCHMARK(OrderSummaryToText)->Unit(benchmark::kMicrosecond);
+
+void WorksheetToText(benchmark::State& state) {
+  const std::int16_t planType = TwoLevelHouse().PlanType;
+  std::size_t bytes = 0;
+  for (auto _ : state) {
+    const Worksheet worksheet = MakeWorksheet(planType, WorksheetKind::Both, DeliveredScreenLines(), DeliveredMaterialRows());
+    const std::string text = DocumentText(WorksheetDocument(worksheet));
+    benchmark::DoNotOptimize(text.data());
+    bytes = text.size();
+  }
+  state.counters["bytes"] = static_cast<double>(bytes);
+}
+BENCHMARK(WorksheetToText)->Unit(benchmark::kMicrosecond);
 
 void PricedEstimateWithAllFilesReadAfresh(benchmark::State& state) {
   const auto folder = std::filesystem::temp_directory_path() / "norvale-takeoff-bench";

@@ -79,6 +79,15 @@ std::vector<EstimateRecord> ReadAllEstimates(const std::filesystem::path& folder
   return ReadAll<EstimateFiles>(disk, folder);
 }
 
+void ForEachEstimate(const std::filesystem::path& folder, const std::function<void(const EstimateRecord&)>& visit, Disk& disk) {
+  OpenedPair<EstimateFiles> files(disk, folder);
+  if (!files.Index()) return;
+  files.Index()->ForEach(0, files.Index()->Count(), [&](std::size_t number, const EstimateIndexEntry& entry) {
+    visit(files.Record(number, entry));
+    return true;
+  });
+}
+
 std::vector<CustomerRecord> ReadAllCustomers(const std::filesystem::path& folder, Disk& disk) {
   return ReadAll<CustomerFiles>(disk, folder);
 }

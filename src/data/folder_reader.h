@@ -6,6 +6,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,10 @@ namespace norvale {
 
 /// All plans, in the order of the index.
 std::vector<EstimateRecord> ReadAllEstimates(const std::filesystem::path& folder, Disk& disk = SystemDisk());
+
+/// The same one after another, without holding them all.
+void ForEachEstimate(const std::filesystem::path& folder, const std::function<void(const EstimateRecord&)>& visit,
+                     Disk& disk = SystemDisk());
 
 /// All customers, in the order of the index, with the company (customer 0) first.
 std::vector<CustomerRecord> ReadAllCustomers(const std::filesystem::path& folder, Disk& disk = SystemDisk());

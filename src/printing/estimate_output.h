@@ -1,18 +1,14 @@
-// The itemised list as tables for other programs, made from the same run as the paper.
+// The itemised list as a table for other programs, made from the same run as the paper.
 #pragma once
 
-#include <string>
 #include <vector>
 
+#include "printing/table.h"
 #include "takeoff/takeoff_run.h"
 
 namespace norvale {
 
-/// One row a material line, in print order, as comma-separated values (RFC 4180, UTF-8, CR LF, with a heading row).
-/// SKU, optional text, price and extension are empty where the run found no price.
-std::string EstimateCsv(const std::vector<PrintedLine>& lines);
-
-/// The same rows as a JSON array of objects (UTF-8); null where the CSV is empty.
-std::string EstimateJson(const std::vector<PrintedLine>& lines);
+/// One row a material line, in print order. SKU, optional text, price and extension are empty where the run found no price.
+Table EstimateTable(const std::vector<PrintedLine>& lines);
 
 }  // namespace norvale

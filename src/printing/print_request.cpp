@@ -1,15 +1,11 @@
 #include "printing/print_request.h"
 
-#include <algorithm>
-
 #include "data/folder_reader.h"
 #include "printing/estimate_output.h"
 
 namespace norvale {
 
 namespace {
-
-constexpr std::string_view kNoCustomers = "0 Customer File Is EMPTY!|";
 
 CustomerRecord CustomerOfPlan(const DataFolder& folder, const Session& session) {
   const std::int16_t number = session.CurrentEstimate.CustomerNumber;
@@ -29,35 +25,31 @@ Prints MakeEstimate(const DataFolder& folder, const Session& session, const Prin
   EstimateDocument made = MakeEstimateDocument(print, data);
   Prints prints;
   if ((request.sections & kWithPrices) != 0) prints.unpriced = UnpricedLines(made.totals.lines);
-  prints.csv = EstimateCsv(made.totals.lines);
+  prints.csv = EstimateTable(made.totals.lines).Csv();
   prints.document = std::move(made.document);
   return prints;
 }
 
-bool IsCompany(const CustomerRecord& customer) { return customer.CustomerRecordNumber == kCompanyNumber; }
-
 Prints MakeCustomerList(const DataFolder& folder, CustomerRange range) {
-  const std::vector<CustomerRecord> customers = ReadAllCustomers(folder.Folder(), folder.Files());
-  if (std::ranges::all_of(customers, IsCompany)) return {.document = {}, .unpriced = {}, .csv = {}, .refusal = std::string(kNoCustomers)};
-  Page page;
-  PrintCustomerList(customers, range, page);
-  return {.document = MakeDocument("Customer list", page), .unpriced = {}, .csv = {}, .refusal = {}};
+  Prints prints;
+  if (const auto customers = ReadCustomersToList(folder.Folder(), range, folder.Files())) {
+    prints.document = CustomerListDocument(*customers);
+    prints.csv = CustomerListTable(*customers).Csv();
+  } else {
+    prints.refusal = kCustomerFileIsEmpty;
+  }
+  return prints;
 }
 
 Prints MakeEstimateList(const DataFolder& folder, CustomerRange range) {
-  std::vector<CustomerPlans> customers;
-  bool hasAny = false;
-  for (const CustomerRecord& customer : ReadAllCustomers(folder.Folder(), folder.Files())) {
-    std::vector<EstimateRecord> plans = ReadEstimatesOfCustomer(folder.Folder(), customer.CustomerRecordNumber, folder.Files());
-    // The company without plans of its own is no customer.
-    if (IsCompany(customer) && plans.empty()) continue;
-    hasAny = true;
-    if (range.Holds(customer.CustomerRecordNumber)) customers.push_back({customer, std::move(plans)});
+  Prints prints;
+  if (const auto customers = ReadPlansToList(folder.Folder(), range, folder.Files())) {
+    prints.document = EstimateListDocument(*customers, range);
+    prints.csv = EstimateListTable(*customers).Csv();
+  } else {
+    prints.refusal = kCustomerFileIsEmpty;
   }
-  if (!hasAny) return {.document = {}, .unpriced = {}, .csv = {}, .refusal = std::string(kNoCustomers)};
-  Page page;
-  PrintEstimateList(customers, range, page);
-  return {.document = MakeDocument("Estimate list", page), .unpriced = {}, .csv = {}, .refusal = {}};
+  return prints;
 }
 
 }  // namespace

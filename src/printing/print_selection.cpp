@@ -115,9 +115,10 @@ RangeCheck CheckCustTo(const RangeBoxes& boxes) {
 }
 
 CustomerRange RangeOf(const RangeBoxes& boxes) {
-  if (boxes.isAll) return {.PrintFrom = 0, .PrintTo = kLastCustomer};
+  if (boxes.isAll) return kEverybody;
   return {.PrintFrom = static_cast<int>(NumberIn(boxes.txtCustFrom)),
-          .PrintTo = IsLast(boxes.txtCustTo) ? kLastCustomer : static_cast<int>(NumberIn(boxes.txtCustTo))};
+          .PrintTo = IsLast(boxes.txtCustTo) ? kLastCustomer : static_cast<int>(NumberIn(boxes.txtCustTo)),
+          .withCompany = false};
 }
 
 int CopiesOf(std::string_view text) {

@@ -7,14 +7,14 @@
 
 namespace norvale {
 
-/// `print estimate`.
-void AddPrintEstimate(CLI::App& print, const CommandContext& context);
+/// `print` with its lists.
+void AddPrintCommands(CLI::App& app, const CommandContext& context);
 
 /// `export`, `import` and `new-folder`.
 void AddExchangeCommands(CLI::App& app, const CommandContext& context);
 
-/// `delete`, `check`, `rebuild`, and `print customers` and `print estimates`.
-void AddDataCommands(CLI::App& app, CLI::App& print, const CommandContext& context);
+/// `delete`, `check` and `rebuild`.
+void AddDataCommands(CLI::App& app, const CommandContext& context);
 
 /// `prices export` and `prices import`.
 void AddPriceCommands(CLI::App& app, const CommandContext& context);

@@ -33,14 +33,6 @@ void StartForChange(DataFolder& folder, Session& session) {
 
 std::string CountOf(std::size_t count, const char* what) { return std::to_string(count) + " " + what + (count == 1 ? "" : "s"); }
 
-// The customers behind the company. None is an answer of its own.
-std::vector<CustomerRecord> ReadCustomers(const CommandContext& context) {
-  std::vector<CustomerRecord> customers = ReadAllCustomers(context.folder);
-  std::erase_if(customers, [](const CustomerRecord& customer) { return customer.CustomerRecordNumber == kCompanyNumber; });
-  if (customers.empty()) throw CommandError(std::string(CustomerDataFile), "Customer File Is EMPTY!");
-  return customers;
-}
-
 // The faults of the files beside the customers and plans. A file that is missing is no fault here: what needs it says so.
 std::vector<std::string> OtherFaults(const CommandContext& context) {
   std::vector<std::string> faults;
@@ -109,52 +101,7 @@ void RunRebuild(const CommandContext& context) {
   RebuildIndexes(folder);
 }
 
-void RunPrintCustomers(const CommandContext& context, CustomerRange range, const std::string& output) {
-  Page page;
-  PrintCustomerList(ReadCustomers(context), range, page);
-  Deliver(page.Utf8(), output);
-}
-
-void RunPrintEstimates(const CommandContext& context, CustomerRange range, const std::string& output) {
-  std::vector<CustomerPlans> customers;
-  for (const CustomerRecord& customer : ReadCustomers(context))
-    if (range.Holds(customer.CustomerRecordNumber))
-      customers.push_back({customer, ReadEstimatesOfCustomer(context.folder, customer.CustomerRecordNumber)});
-  Page page;
-  PrintEstimateList(customers, range, page);
-  Deliver(page.Utf8(), output);
-}
-
-namespace {
-
-struct ListCall {
-  CustomerRange range;
-  std::string format = "text";
-  std::string output;
-};
-
-using RunList = void (*)(const CommandContext&, CustomerRange, const std::string&);
-
-void AddList(CLI::App& print, const CommandContext& context, const char* name, const char* what, RunList run) {
-  auto call = std::make_shared<ListCall>();
-  CLI::App* const command = print.add_subcommand(name, what);
-  command->add_option("--from", call->range.PrintFrom, "The first customer's number")->check(CLI::Range(kFirstNumber, kLastNumber));
-  command->add_option("--to", call->range.PrintTo, "The last customer's number")->check(CLI::Range(kFirstNumber, kLastNumber));
-  command->add_option("--format", call->format, "text")->check(CLI::IsMember({"text"}));
-  command->add_option("--output", call->output, "The file to write; standard output without it");
-  command->callback([&context, call, run] {
-    if (call->range.PrintTo < call->range.PrintFrom)
-      throw CLI::ValidationError("--to", "Value needs to be Equal To or Greater Than the print from value");
-    run(context, call->range, call->output);
-  });
-}
-
-}  // namespace
-
-void AddDataCommands(CLI::App& app, CLI::App& print, const CommandContext& context) {
-  AddList(print, context, "customers", "The customer list", RunPrintCustomers);
-  AddList(print, context, "estimates", "The plans, customer by customer", RunPrintEstimates);
-
+void AddDataCommands(CLI::App& app, const CommandContext& context) {
   CLI::App* const deleting = app.add_subcommand("delete", "Deletes a plan or a customer, without asking");
   deleting->require_subcommand(1);
   struct PlanCall {

@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "printing/lists.h"
 #include "tool/command.h"
 
 namespace norvale {
@@ -21,9 +20,5 @@ void RunCheck(const CommandContext& context, bool repair);
 
 /// Writes both indexes afresh from the records.
 void RunRebuild(const CommandContext& context);
-
-/// Prints the customers, or the plans customer by customer, of a range to the file `output` or to standard output.
-void RunPrintCustomers(const CommandContext& context, CustomerRange range, const std::string& output);
-void RunPrintEstimates(const CommandContext& context, CustomerRange range, const std::string& output);
 
 }  // namespace norvale

@@ -48,11 +48,9 @@ int Run(int argc, char** argv) {
     return IsDate(text) ? std::string() : "\"" + text + "\" is no date of the form MM-DD-YYYY";
   });
   app.require_subcommand(1);
-  CLI::App* const print = app.add_subcommand("print", "Prints a list");
-  print->require_subcommand(1);
-  AddPrintEstimate(*print, context);
+  AddPrintCommands(app, context);
   AddExchangeCommands(app, context);
-  AddDataCommands(app, *print, context);
+  AddDataCommands(app, context);
   AddPriceCommands(app, context);
   try {
     app.parse(argc, argv);

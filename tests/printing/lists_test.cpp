@@ -1,11 +1,16 @@
 #include "printing/lists.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include "data/batch_store.h"
+#include "data/folder_start.h"
+#include "support/scratch_folder.h"
 
 namespace norvale {
 namespace {
+
+using testing::ElementsAre;
 
 CustomerRecord Customer(int number, std::string_view name) {
   CustomerRecord customer;
@@ -14,29 +19,21 @@ CustomerRecord Customer(int number, std::string_view name) {
   return customer;
 }
 
-EstimateRecord Plan(std::string_view number, int type) {
+EstimateRecord Plan(int customer, std::string_view number) {
   EstimateRecord plan;
+  plan.CustomerNumber = static_cast<std::int16_t>(customer);
   plan.PlanNumber.Assign(number);
-  plan.PlanDate.Assign("01-02-2026");
-  plan.PlanType = static_cast<std::int16_t>(type);
   return plan;
 }
 
-std::vector<std::string> LinesOf(const Page& page) {
-  std::vector<std::string> lines;
-  std::istringstream text(page.Text());
-  for (std::string line; std::getline(text, line);) lines.push_back(line);
-  return lines;
-}
+ListedPlan Listed(const std::string& number, int type) { return {number, "01-02-2026", static_cast<std::int16_t>(type)}; }
 
 TEST(Lists, ACustomersRowKeepsAllOfItsTexts) {
   CustomerRecord wide = Customer(7, "Oak Street Builders of Dover DE");
   wide.Contact.Assign("Bartholomew-Christiansen");  // no blank to part it at
   wide.Telephone.Assign("302-555-0101");
   wide.Fax.Assign("302-555-0102");
-  Page page;
-  PrintCustomerList({Customer(0, "The company"), Customer(3, "Hill Homes"), wide, Customer(30, "Out of range")}, {3, 29}, page);
-  EXPECT_EQ(page.Text(),
+  EXPECT_EQ(DocumentText(CustomerListDocument({Customer(3, "Hill Homes"), wide})),
             "CUSTOMER LIST                                                           Page 01\n"
             "\n"
             "  #  Customer Name               Contact          Telephone #    Fax #\n"
@@ -54,20 +51,22 @@ TEST(Lists, PlansStandUnderTheirCustomer) {
   customer.City.Assign("Dover");
   customer.State.Assign("DE");
   customer.Zip.Assign("19901");
-  Page page;
-  PrintEstimateList({{Customer(2, "Before"), {}}, {customer, {Plan("A-12", 658), Plan(" B", 1)}}}, {5, 32767}, page);
-  EXPECT_EQ(page.Text(),
-            "ESTIMATE LIST: Customer 5 to LAST                                       Page 01\n"
-            "\n"
-            "CUSTOMER NAME: 0007  Oak Street Builders\n"
-            "      ADDRESS: 1 Oak St\n"
-            "               Rear\n"
-            "CITY, ST  ZIP: Dover, DE  19901\n"
-            " PLAN: 2S Slab W/ Att Garage, Porch(s), Exterior Brick Veneer\n"
-            "                           PLAN NUMBER: A-12            DATE OF PLAN: 01-02-2026\n"
-            " PLAN: 1S Slab             PLAN NUMBER:  B              DATE OF PLAN: 01-02-2026\n"
-            "\n"
-            "\f");
+  EXPECT_EQ(
+      DocumentText(EstimateListDocument({{customer, true, {Listed("A-12", 658), Listed(" B", 1)}}, {Customer(9, ""), false, {}}}, {5})),
+      "ESTIMATE LIST: Customer 5 to LAST                                       Page 01\n"
+      "\n"
+      "CUSTOMER NAME: 0007  Oak Street Builders\n"
+      "      ADDRESS: 1 Oak St\n"
+      "               Rear\n"
+      "CITY, ST  ZIP: Dover, DE  19901\n"
+      " PLAN: 2S Slab W/ Att Garage, Porch(s), Exterior Brick Veneer\n"
+      "                           PLAN NUMBER: A-12            DATE OF PLAN: 01-02-2026\n"
+      " PLAN: 1S Slab             PLAN NUMBER:  B              DATE OF PLAN: 01-02-2026\n"
+      "\n"
+      "CUSTOMER NAME: 0009  (not on file)\n"
+      "      ADDRESS:\n"
+      "CITY, ST  ZIP:\n"
+      "\f");
 }
 
 // No line is too wide, no page too long, no row parted, and every page has its heading.
@@ -76,33 +75,65 @@ TEST(Lists, PagesTurnBetweenRows) {
   std::vector<CustomerPlans> withPlans;
   for (int number = 1; number <= 200; ++number) {
     customers.push_back(Customer(number, number % 3 == 0 ? "A name that takes two lines wide" : "Short"));
-    withPlans.push_back({customers.back(), std::vector(static_cast<std::size_t>(number % 7), Plan("P", number % 2 == 0 ? 658 : 1))});
+    withPlans.push_back(
+        {customers.back(), true, std::vector(static_cast<std::size_t>(number % 7), Listed("P", number % 2 == 0 ? 658 : 1))});
   }
-  Page customerPage;
-  PrintCustomerList(customers, {}, customerPage);
-  Page planPage;
-  PrintEstimateList(withPlans, {1, 150}, planPage);
-  for (const Page* page : {&customerPage, &planPage}) {
-    int pages = 0;
-    int lines = 0;
-    for (std::string line : LinesOf(*page)) {
-      if (line.starts_with('\f')) {
-        line.erase(0, 1);
-        lines = 0;
-      }
-      if (line.empty() && lines == 0) break;  // behind the last page
-      ++lines;
-      EXPECT_LE(line.size(), 80U) << line;
-      EXPECT_LE(lines, 66);
-      if (lines == 1) {
-        ++pages;
-        EXPECT_TRUE(line.ends_with((pages < 10 ? "Page 0" : "Page ") + std::to_string(pages))) << line;
-      }
-      // The second line of a row never comes first on a page.
-      EXPECT_FALSE(lines <= 3 && line.starts_with("     ")) << line;
+  for (const auto& [list, firstRow] :
+       {std::pair{CustomerListDocument(customers), 4U}, std::pair{EstimateListDocument(withPlans, {1, 150}), 2U}}) {
+    EXPECT_GT(list.pages.size(), 4U);
+    for (std::size_t number = 1; number <= list.pages.size(); ++number) {
+      const PageText& page = list.pages[number - 1];
+      EXPECT_LE(page.size(), kPaperLines);
+      EXPECT_TRUE(page.front().ends_with((number < 10 ? "Page 0" : "Page ") + std::to_string(number))) << page.front();
+      EXPECT_FALSE(page.at(firstRow).starts_with("     ")) << "a row goes on at the head of page " << number;
+      for (const std::string& line : page) EXPECT_LE(line.size(), kPaperColumns) << line;
     }
-    EXPECT_GT(pages, 4);
   }
+}
+
+class ListedFolder : public testing::Test {
+ protected:
+  void Store(const std::vector<CustomerRecord>& customers, const std::vector<EstimateRecord>& plans) {
+    DataFolder folder(scratch_.Path());
+    Session session;
+    (void)StartFolder(folder, session);
+    StoreAll(folder, customers, plans);
+  }
+
+  // "7 Oak: A B" for each customer with his plans.
+  std::vector<std::string> Read(CustomerRange range) {
+    std::vector<std::string> told;
+    const auto listed = ReadPlansToList(scratch_.Path(), range);
+    for (const CustomerPlans& customer : listed.value()) {
+      told.push_back(std::to_string(customer.customer.CustomerRecordNumber) + " " + customer.customer.CustomerName.Trimmed() +
+                     (customer.isOnFile ? ":" : "?"));
+      for (const ListedPlan& plan : customer.plans) told.back() += " " + plan.PlanNumber;
+    }
+    return told;
+  }
+
+  ScratchFolder scratch_;
+};
+
+TEST_F(ListedFolder, EveryPlanIsListedOnce) {
+  Store({Customer(0, "Company"), Customer(3, "Hill"), Customer(7, "Oak"), Customer(12, "Elm")},
+        {Plan(7, "B"), Plan(0, "M"), Plan(9, "Q"), Plan(7, "A"), Plan(12, "Z")});
+  EXPECT_THAT(Read(kEverybody), ElementsAre("0 Company: M", "3 Hill:", "7 Oak: A B", "9 ? Q", "12 Elm: Z"));
+  EXPECT_THAT(Read({4, 9}), ElementsAre("7 Oak: A B", "9 ? Q"));
+  EXPECT_THAT(Read({13, 20}), ElementsAre());
+  std::vector<int> numbers;
+  for (const CustomerRecord& customer : ReadCustomersToList(scratch_.Path(), kEverybody).value())
+    numbers.push_back(customer.CustomerRecordNumber);
+  EXPECT_THAT(numbers, ElementsAre(3, 7, 12));
+}
+
+TEST_F(ListedFolder, AFolderWithoutCustomersHasItsOwnAnswer) {
+  EXPECT_EQ(ReadCustomersToList(scratch_.Path(), kEverybody), std::nullopt);
+  EXPECT_FALSE(ReadPlansToList(scratch_.Path(), kEverybody).has_value());
+  Store({Customer(0, "Company")}, {Plan(0, "M")});
+  EXPECT_EQ(ReadCustomersToList(scratch_.Path(), kEverybody), std::nullopt);
+  EXPECT_FALSE(ReadPlansToList(scratch_.Path(), {}).has_value());
+  EXPECT_THAT(Read(kEverybody), ElementsAre("0 Company: M"));
 }
 
 }  // namespace

@@ -11,7 +11,8 @@ namespace norvale {
 
 namespace {
 
-constexpr std::array<std::string_view, 7> kOptions = {"customer", "plan", "date", "sections", "prices", "copies", "format"};
+constexpr std::array<std::string_view, 13> kOptions = {"list",   "customer", "plan", "date", "sections",  "prices", "copies",
+                                                       "format", "order",    "from", "to",   "plan-type", "kind"};
 
 }  // namespace
 

@@ -8,8 +8,8 @@
 
 namespace norvale {
 
-/// One case. `case.txt` holds an option of `norvale-tool print estimate` a line, its name and its value; `date` is the
-/// day of the print. A line that begins with "#" tells the reader something.
+/// One case. `case.txt` holds an option of `norvale-tool print` a line, its name and its value; `list` is what is printed
+/// where that is no estimate, `date` the day of the print. A line that begins with "#" tells the reader something.
 struct SampleCase {
   std::string name;  // of the folder
   std::filesystem::path folder;
@@ -17,6 +17,9 @@ struct SampleCase {
 
   /// The value of an option; empty where the case does not give it.
   [[nodiscard]] std::string Option(const std::string& option) const;
+
+  /// Whether the itemised list of a plan is printed.
+  [[nodiscard]] bool IsEstimate() const { return options.count("list") == 0; }
 
   /// Whether what comes out is the paper as text.
   [[nodiscard]] bool IsText() const;

@@ -16,8 +16,12 @@ using testing::Not;
 
 constexpr std::size_t kPaperWidth = 80;
 
+constexpr std::size_t kPaperLines = 66;
+
 std::vector<SampleCase> TextCases() {
-  std::vector<SampleCase> cases = ReadCases(std::filesystem::path(NORVALE_SOURCE_DIR) / "tests" / "samples");
+  const std::filesystem::path tests = std::filesystem::path(NORVALE_SOURCE_DIR) / "tests";
+  std::vector<SampleCase> cases = ReadCases(tests / "samples");
+  for (SampleCase& other : ReadCases(tests / "printing")) cases.push_back(std::move(other));
   std::erase_if(cases, [](const SampleCase& sample) { return !sample.IsText(); });
   return cases;
 }
@@ -67,6 +71,7 @@ TEST_F(ExpectedTexts, EndEachPageRightBehindItsLastLine) {
 
 TEST_F(ExpectedTexts, BeginEachPageWithDateAndNumber) {
   for (const SampleCase& sample : cases) {
+    if (!sample.IsEstimate()) continue;
     const std::string copiesAsked = sample.Option("copies");
     const int copies = copiesAsked.empty() ? 1 : std::stoi(copiesAsked);
     const std::vector<std::string> pages = Split(Text(sample), '\f');
@@ -88,10 +93,13 @@ TEST_F(ExpectedTexts, KeepToThePaperButForLongAddresses) {
   ASSERT_GT(Width(address), kPaperWidth);
   for (const SampleCase& sample : cases) {
     std::vector<std::string> tooLong;
-    for (const std::string& page : Split(Text(sample), '\f'))
-      for (const std::string& line : Split(page, '\n'))
+    for (const std::string& page : Split(Text(sample), '\f')) {
+      const std::vector<std::string> lines = Split(page, '\n');
+      EXPECT_LE(lines.size(), kPaperLines) << sample.name;
+      for (const std::string& line : lines)
         if (Width(line) > kPaperWidth) tooLong.push_back(line);
-    const bool hasLongAddress = sample.Option("customer") == "2";
+    }
+    const bool hasLongAddress = sample.IsEstimate() && sample.Option("customer") == "2";
     EXPECT_THAT(tooLong, ElementsAreArray(hasLongAddress ? std::vector<std::string>{address} : std::vector<std::string>{})) << sample.name;
   }
 }

@@ -32,9 +32,9 @@ std::string Quoted(const std::string& word) {
 std::string CommandLine(const fs::path& tool, const fs::path& workingFolder, const SampleCase& sample) {
   std::ostringstream command;
   command << Quoted(tool.string()) << " --folder " << Quoted(workingFolder.string()) << " --date " << Quoted(sample.Option("date"))
-          << " print estimate";
+          << " print " << (sample.IsEstimate() ? "estimate" : sample.Option("list"));
   for (const auto& [option, value] : sample.options) {
-    if (option == "date") continue;
+    if (option == "date" || option == "list") continue;
     command << " --" << option;
     if (!value.empty()) command << " " << Quoted(value);
   }

@@ -10,6 +10,7 @@
 #include "base/numbers.h"
 #include "case_file.h"
 #include "printing/estimate_document.h"
+#include "printing/order_summary.h"
 #include "printing/print_selection.h"
 #include "samples.h"
 
@@ -132,6 +133,29 @@ TEST(SamplePlans, TellWhereEachRowStandsOnThePaper) {
     unpriced += made.document.marks.size();
   }
   EXPECT_GT(unpriced, 0U);
+}
+
+TEST(SamplePlans, HaveAnOrderSummaryThatAgreesWithTheirList) {
+  const Samples& samples = RepositorySamples();
+  const auto cents = [](double amount) { return RoundEven(amount * 100); };
+  for (const EstimateRecord& plan : samples.plans) {
+    Page page;
+    const EstimateTotals totals = PrintSample(samples, plan, page);
+    double pulled = 0;
+    for (const PrintedLine& line : totals.lines)
+      if (&line == &totals.lines.front() || line.place != (&line - 1)->place) pulled += line.quantity;
+    const OrderSummary summary = Summarise(totals, SummaryOrder::YardSections);
+    EXPECT_LT(summary.lines.size(), totals.lines.size()) << NameOf(plan);
+    double sum = cents(RoundingOf(summary));
+    for (const SummaryLine& line : summary.lines) {
+      sum += cents(Val(FormatNumber(line.extension, {.wholeDigits = 1, .decimals = 2})));
+      // A board that is charged once more, under the name of its wrap, is pulled once.
+      if (!line.description.ends_with(" VINYL FASCIA")) pulled -= line.quantity;
+      EXPECT_NE(line.yard, YardSection::Other) << line.description;
+    }
+    EXPECT_EQ(pulled, 0) << NameOf(plan);
+    EXPECT_THAT(page.Text(), HasSubstr(" " + FormatNumber(sum / 100, kMoney) + "\n")) << NameOf(plan);
+  }
 }
 
 // Stock without a price is there on purpose, and a reader must not take it for a mistake.

@@ -105,7 +105,10 @@ TEST_F(DataCommands, ListsGoToTheOutputOrAFile) {
   EXPECT_TRUE(ReadBytes(other_ / "list").starts_with("ESTIMATE LIST: Customer 1 to 7"));
   for (const char* words : {"print customers --from 9 --to 3", "print customers --from 0", "print estimates --to 32768"})
     EXPECT_EQ(Call(words).status, 2) << words;
+  EXPECT_TRUE(Call("print estimates --format csv").out.starts_with("customer,customer name,"));
   EXPECT_EQ(Call("delete customer 3").status + Call("delete customer 7").status, 0);
+  EXPECT_TRUE(Call("print estimates").out.starts_with("ESTIMATE LIST: Customer 1 to LAST"));  // the company has the plans now
+  EXPECT_EQ(Call("print estimates --to 9").err, "norvale-tool: customer.db: Customer File Is EMPTY!\n");
   EXPECT_EQ(Call("print customers").err, "norvale-tool: customer.db: Customer File Is EMPTY!\n");
 }
 
