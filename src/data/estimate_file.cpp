@@ -174,6 +174,17 @@ bool FindEstimateOfPlan(DataFolder& folder, Session& session, int customer, std:
   return true;
 }
 
+bool FindEstimateAt(DataFolder& folder, Session& session, std::int32_t recordPosition) {
+  EstimateReader files(folder);
+  std::optional<std::size_t> found;
+  files.index.ForEach(0, files.index.Count(), [&](std::size_t number, const EstimateIndexEntry& entry) {
+    if (entry.RecordPosition == recordPosition) found = number;
+    return !found;
+  });
+  if (found) files.Show(session, *found);
+  return found.has_value();
+}
+
 StepResult FindEstimateByPlanText(DataFolder& folder, Session& session, std::string_view text) {
   constexpr std::size_t kPrefixWidth = 5;
   const std::string wanted = UpperCase(text);

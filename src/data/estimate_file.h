@@ -37,6 +37,10 @@ void FindFirstEstimateOfCustomer(DataFolder& folder, Session& session, int& numb
 /// there is one; where there is none, the session stays as it was.
 [[nodiscard]] bool FindEstimateOfPlan(DataFolder& folder, Session& session, int customer, std::string_view planNumber);
 
+/// Puts the cursor on the plan whose record stands at `recordPosition`, wherever its entry has moved, and reads it. Returns
+/// whether there is one; where there is none, the session stays as it was.
+[[nodiscard]] bool FindEstimateAt(DataFolder& folder, Session& session, std::int32_t recordPosition);
+
 /// Puts the cursor on the first plan whose number holds `text`, in any case, and reads it. Where there is none, the notice
 /// says so and the session stays as it was.
 StepResult FindEstimateByPlanText(DataFolder& folder, Session& session, std::string_view text);

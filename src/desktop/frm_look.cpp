@@ -94,6 +94,7 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
     QLineEdit:focus, QTextBrowser:focus, QComboBox:focus, QSpinBox:focus, QPlainTextEdit:focus, QTreeWidget:focus {
       border: 2px solid @focus; padding: 2px 5px;
     }
+    QLineEdit:read-only { background: @window; }
     QLineEdit:disabled, QComboBox:disabled, QSpinBox:disabled { background: @disabledBase; color: @disabledText; }
     QPushButton {
       border: 1px solid @edge; border-radius: 4px; padding: 5px 14px; min-width: 4em; background: @button; color: @text;
@@ -129,6 +130,7 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
   const std::map<QString, QColor> colourOf = {
       {QStringLiteral("@edge"), colours.edge},
       {QStringLiteral("@base"), grounds.base},
+      {QStringLiteral("@window"), grounds.window},
       {QStringLiteral("@text"), colours.text},
       {QStringLiteral("@focus"), colours.focus},
       {QStringLiteral("@button"), grounds.button},

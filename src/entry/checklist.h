@@ -84,6 +84,8 @@ struct ChecklistEntry {
   std::string txtdate;
   int priceLevel = 1;  // 1 to 5; any other: no option is set
   PlanChecks checks;
+
+  bool operator==(const ChecklistEntry&) const = default;
 };
 
 /// The entry that shows a plan.

@@ -2,6 +2,7 @@
 
 #include "desktop/frm_text.h"
 #include "entry/frm_calc.h"
+#include "entry/frm_checklst.h"
 #include "prices/frm_prices.h"
 #include "printing/frm_dispatch.h"
 #include "shell/frm_address.h"
@@ -24,10 +25,18 @@ void EditPrices(Program& program, QWidget* menu) {
   frmPrices(program, print, menu).exec();
 }
 
-// The customer first, so that the checklist opens with his number and name; with Cancel they are typed there.
-void EnterNewPlan(Program& program, QWidget* menu) {
-  frmAddress(program, CustomerFormMode::Estimate, menu).exec();
-  SayNotInThisVersion(program, "Entering plans");
+// What the road of a plan needs of forms that stand above entry.
+PlanTasks TasksOfPlans(Program& program) {
+  PlanTasks tasks;
+  tasks.chooseCustomer = [&program](QWidget* parent) {
+    return frmAddress(program, CustomerFormMode::Estimate, parent).exec() == QDialog::Accepted;
+  };
+  tasks.printEstimate = [&program](const PlanForm& form, QWidget* parent) { PrintDispatch(program, PrintKind::Estimate, &form, parent); };
+  return tasks;
+}
+
+void OpenPlans(Program& program, ChecklistPurpose purpose, QWidget* menu) {
+  frmChecklst(program, purpose, TasksOfPlans(program), menu).exec();
 }
 
 }  // namespace
@@ -35,10 +44,10 @@ void EnterNewPlan(Program& program, QWidget* menu) {
 void RunTask(Program& program, MenuChoice choice, QWidget* menu) {
   switch (choice) {
     case MenuChoice::NewEstimate:
-      EnterNewPlan(program, menu);
+      OpenPlans(program, ChecklistPurpose::NewPlan, menu);
       break;
     case MenuChoice::ExistingEstimate:
-      SayNotInThisVersion(program, "Opening plans");
+      OpenPlans(program, ChecklistPurpose::ExistingPlans, menu);
       break;
     case MenuChoice::ExistingCustomer:
       EditCustomers(program, menu);
@@ -51,7 +60,7 @@ void RunTask(Program& program, MenuChoice choice, QWidget* menu) {
       PrintDispatch(program, PrintKind::Worksheet, nullptr, menu);
       break;
     case MenuChoice::PrintEstimate:
-      SayNotInThisVersion(program, "Printing estimates");
+      OpenPlans(program, ChecklistPurpose::PrintPlans, menu);
       break;
     case MenuChoice::PrintEstimateList:
       PrintDispatch(program, PrintKind::EstimateList, nullptr, menu);
@@ -78,6 +87,8 @@ void RunTask(Program& program, MenuChoice choice, QWidget* menu) {
       break;
   }
 }
+
+void OfferUnsavedPlan(Program& program) { OfferDraft(program, TasksOfPlans(program)); }
 
 void RunCalculator(Program& program, QWidget* control, CalculatorPlace& place) {
   OpenCalculator(program.messages, control, Shown(kCalculatorHint), place);

@@ -27,6 +27,7 @@ int main(int argc, char** argv) {
   Program program{*folder, session, messages};
   CalculatorPlace calculator;
   keys.SetCalculator([&program, &calculator](QWidget* control) { RunCalculator(program, control, calculator); });
+  OfferUnsavedPlan(program);
   frmMenu menu(program, [&program](MenuChoice choice, QWidget* form) { RunTask(program, choice, form); });
   menu.exec();
   return 0;

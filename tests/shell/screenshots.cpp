@@ -15,11 +15,13 @@
 #include "base/files.h"
 #include "data/batch_store.h"
 #include "data/folder_start.h"
+#include "data/plan_type.h"
 #include "desktop/frm_help.h"
 #include "desktop/frm_look.h"
 #include "desktop/frm_mbox.h"
 #include "desktop/frm_text.h"
 #include "entry/frm_calc.h"
+#include "entry/frm_checklst.h"
 #include "entry/frm_display.h"
 #include "entry/frm_estsave.h"
 #include "entry/frm_newest.h"
@@ -258,6 +260,22 @@ int Run(QApplication& app, const QStringList& words) {
   frmEstsave save(PlanMode::Existing);
   camera.Take(save, "save");
   save.hide();
+  EstimateRecord plan = BlankPlan();
+  plan.CustomerNumber = 1;
+  plan.PlanNumber.Assign("Ridge 1840-B");
+  plan.PlanDate.Assign("11-23-2026");
+  plan.PlanType = kTwoLevelCrawl | kAttachedGarage | kPorch | kAtticTrussHalfStory | kBrickVeneer;
+  StoreAll(folder, {}, std::array{plan});
+  const std::pair<const char*, ChecklistPurpose> checklists[] = {{"checklist", ChecklistPurpose::ExistingPlans},
+                                                                 {"checklist-new", ChecklistPurpose::NewPlan},
+                                                                 {"checklist-print", ChecklistPurpose::PrintPlans}};
+  for (const auto& [name, purpose] : checklists) {
+    frmChecklst form(program, purpose, {});
+    camera.Take(form, name);
+    if (purpose != ChecklistPurpose::ExistingPlans) continue;
+    form.findChild<QPushButton*>(QStringLiteral("cmdFind"))->click();
+    camera.Take(form, "checklist-find");
+  }
   TakePrices(camera, program);
   frmHelp help(QStringLiteral("customers"));
   camera.Take(help, "help");

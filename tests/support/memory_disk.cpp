@@ -92,6 +92,7 @@ bool MemoryDisk::Change(const std::string& name, bool isWrite) {
 std::shared_ptr<MemoryDisk::Folder> MemoryDisk::FolderAt(const std::filesystem::path& path) const {
   std::shared_ptr<Folder> folder = root_;
   for (const auto& name : path) {
+    if (name == ".") continue;
     const auto found = folder->now.find(name.string());
     if (found == folder->now.end() || found->second.folder == nullptr) return nullptr;
     folder = found->second.folder;
