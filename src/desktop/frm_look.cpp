@@ -124,7 +124,7 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
     QFrame[role="readout"] { border: 1px solid @edge; border-radius: 4px; background: @base; }
     QFrame[role="readout"]:focus { border: 2px solid @focus; }
     QLabel[role="quiet"] { color: @quiet; }
-    QLabel[role="bracket"] { border-left: 2px solid @edge; padding-left: 8px; }
+    QLabel[role="quiet"]:disabled { color: @disabledText; }
     QLabel[role="status"] { color: @quiet; border-top: 1px solid @edge; padding: 6px 16px; }
   )");
   const std::map<QString, QColor> colourOf = {

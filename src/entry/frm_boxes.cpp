@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "entry/number_entry.h"
 
@@ -11,6 +12,7 @@ namespace norvale {
 
 namespace {
 
+constexpr int kSearchPause = 1500;  // milliseconds after which a letter begins anew
 constexpr int kLongestNumber = 12;  // more than any measure has: what is too large is told and not cut off
 
 // The focus comes back from another window, or from the box's own menu: nobody has gone to the box.
@@ -54,7 +56,8 @@ void NumberEdit::keyPressEvent(QKeyEvent* event) {
     return;
   }
   const QString typed = event->text();
-  const bool isCharacter = !typed.isEmpty() && typed.front().isPrint();
+  const bool isCommand = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != Qt::NoModifier;
+  const bool isCharacter = !isCommand && !typed.isEmpty() && typed.front().isPrint();
   if (isCharacter && (typed.size() != 1 || typed.front().unicode() > 127 || !IsNumberKey(typed.front().unicode()))) return;
   QLineEdit::keyPressEvent(event);
 }
@@ -93,7 +96,42 @@ ChoiceList::ChoiceList(QWidget* parent) : QComboBox(parent) {
 
 void ChoiceList::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Undo)) return emit UndoAsked();
+  // These turn the screens, not the rows.
+  if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) return event->ignore();
+  const QString typed = event->text();
+  const bool isPlain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
+  // A blank opens the list, unless it stands within what is being typed.
+  const bool begins = !typed.isEmpty() && (typed == QLatin1String(" ") ? IsSearching() : typed.front().isPrint());
+  if (isPlain && begins) return SearchFor(typed);
   QComboBox::keyPressEvent(event);
+}
+
+bool ChoiceList::IsSearching() const { return sinceLetter_.isValid() && sinceLetter_.elapsed() < kSearchPause && !searched_.isEmpty(); }
+
+void ChoiceList::SearchFor(const QString& letter) {
+  const bool goesOn = IsSearching();
+  if (!goesOn) searched_.clear();
+  sinceLetter_.start();
+  const auto find = [this](int from, const auto& matches) {
+    for (int step = 0; step < count(); ++step)
+      if (const int row = (from + step) % count(); matches(itemText(row))) return row;
+    return -1;
+  };
+  const auto begins = [](const QString& part) { return [part](const QString& row) { return row.startsWith(part, Qt::CaseInsensitive); }; };
+  const auto holds = [](const QString& part) { return [part](const QString& row) { return row.contains(part, Qt::CaseInsensitive); }; };
+  // A longer text may be for the row that is chosen; a letter by itself, and the same one again, is for another.
+  const QString longer = searched_ + letter;
+  const int here = std::max(0, currentIndex());
+  int row = find(goesOn ? here : here + 1, begins(longer));
+  if (row < 0 && searched_ == letter) {
+    row = find(here + 1, begins(letter));
+  } else {
+    searched_ = longer;
+    if (row < 0) row = find(here, holds(longer));
+  }
+  if (row < 0 || row == currentIndex()) return;
+  setCurrentIndex(row);
+  emit activated(row);
 }
 
 void ChoiceList::focusInEvent(QFocusEvent* event) {

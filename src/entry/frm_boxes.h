@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QLineEdit>
 
 namespace norvale {
@@ -46,8 +47,8 @@ class NumberEdit : public QLineEdit {
   bool hasEntered_ = false;
 };
 
-/// Takes a choice. F4 and ALT+Down open the list; typing finds a row; the wheel turns only an open list. Ctrl+Z gives back
-/// the row that was chosen when the focus came.
+/// Takes a choice. F4 and ALT+Down open the list; typing finds the next row that begins with what is typed, or else holds it;
+/// the wheel turns only an open list. Ctrl+Z gives back the row that was chosen when the focus came.
 class ChoiceList : public QComboBox {
   Q_OBJECT
 
@@ -67,7 +68,12 @@ class ChoiceList : public QComboBox {
   void wheelEvent(QWheelEvent* event) override;
 
  private:
+  [[nodiscard]] bool IsSearching() const;
+  void SearchFor(const QString& letter);
+
   bool hasEntered_ = false;
+  QString searched_;  // typed so far
+  QElapsedTimer sinceLetter_;
 };
 
 }  // namespace norvale

@@ -19,6 +19,7 @@
 #include "data/plan_type.h"
 #include "desktop/frm_keys.h"
 #include "desktop/frm_look.h"
+#include "desktop/frm_ring.h"
 #include "desktop/frm_text.h"
 #include "entry/checklist.h"
 #include "entry/frm_boxes.h"
@@ -36,10 +37,6 @@ namespace {
 constexpr QSize kLeastWindow(1024, 700);
 constexpr const char* kKeysLine = " TAB or SHIFT+TAB To Move; ALT+DN=List F1=Help ALT+F2=Calculator  ESC=Exit";
 constexpr const char* kPrintLine = " Loading Print Information ...";
-constexpr const char* kPreliminaryNotice =
-    "3 The preliminary sheet computes anew, from what you enter on it, and puts in place of what stands here: the eaves, the roof "
-    "overhang, the fascia, the roof area, the gable area, and the areas of the first floor, the garage and the carport.|prelim "
-    "measurements";
 
 // Columns of a screen's lines.
 enum Column { kCaption, kBox, kExtra, kHint };
@@ -58,10 +55,13 @@ QString SpokenName(const std::string& caption) {
   return name;
 }
 
-// What to enter, cut with dots where the window leaves no room.
-class HintLabel : public QLabel {
+// A text that is cut with dots where the window leaves no room.
+class CutLabel : public QLabel {
  public:
-  using QLabel::QLabel;
+  CutLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
+    setTextFormat(Qt::PlainText);
+    setToolTip(text);
+  }
 
   [[nodiscard]] QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
   [[nodiscard]] bool IsCut() const { return fontMetrics().horizontalAdvance(text()) > contentsRect().width(); }
@@ -69,9 +69,24 @@ class HintLabel : public QLabel {
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
-    painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, foregroundRole()));
     painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter,
                      fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()));
+  }
+};
+
+// The heading of five rows, behind a bracket that takes them together.
+class BracketLabel : public QLabel {
+ public:
+  explicit BracketLabel(QWidget* parent) : QLabel(parent) { setContentsMargins(fontMetrics().height(), 0, 0, 0); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QLabel::paintEvent(event);
+    QPainter painter(this);
+    painter.setPen(ColoursOfLook().quietText);
+    const int depth = fontMetrics().height() / 3;
+    painter.drawPolyline(QPolygon({{0, 1}, {depth, 1}, {depth, height() - 2}, {0, height() - 2}}));
   }
 };
 
@@ -169,23 +184,18 @@ frmDisplay::frmDisplay(Program& program, PlanForm& form, bool isPlanChanged, Dis
     live_->ShowPlan(plan);
   });
 
-  lblStatus_ = new QLabel(this);
-  lblStatus_->setObjectName(QStringLiteral("lblStatus"));
-  lblStatus_->setAccessibleName(tr("Status line"));
-  lblStatus_->setTextFormat(Qt::PlainText);
-  lblStatus_->setProperty("role", QStringLiteral("status"));
-  lblStatus_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
-  layout->addWidget(MakeHead());
+  QWidget* const head = MakeHead();
+  QWidget* const band = MakeButtons();
+  QWidget* const foot = MakeFoot();
+  layout->addWidget(head);
   layout->addWidget(splitter_, 1);
-  layout->addWidget(MakeButtons());
-  layout->addWidget(lblStatus_);
-
-  lblStatus_->setText(QString::fromLatin1(kKeysLine));
+  layout->addWidget(band);
+  layout->addWidget(foot);
   ShowForm();
+  FitLines(head->sizeHint().height() + band->sizeHint().height() + foot->height());
   const QSize available = screen()->availableSize();
   setMinimumSize(kLeastWindow.boundedTo(available));
   resize(minimumSize());
@@ -199,11 +209,9 @@ QWidget* frmDisplay::MakeHead() {
   PageLabel_->setObjectName(QStringLiteral("PageLabel"));
   MakeTitle(PageLabel_);
   const EstimateRecord& plan = program_.session.CurrentEstimate;
-  auto* const lblPlan = new QLabel(Shown(ToUtf8(plan.PlanNumber.Trimmed() + "   " + PlanDescription(form_.PlanType))), head);
+  auto* const lblPlan = new CutLabel(Shown(ToUtf8(plan.PlanNumber.Trimmed() + "   " + PlanDescription(form_.PlanType))), head);
   lblPlan->setObjectName(QStringLiteral("lblPlan"));
   lblPlan->setAccessibleName(tr("Plan"));
-  lblPlan->setTextFormat(Qt::PlainText);
-  lblPlan->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   auto* const titles = new QVBoxLayout;
   titles->setSpacing(0);
   titles->addWidget(PageLabel_);
@@ -228,9 +236,8 @@ void frmDisplay::MakePage(int screen) {
   page->setObjectName(InArray("pctPage", static_cast<std::size_t>(screen)));
   auto* const grid = new QGridLayout(page);
   const int space = fontMetrics().height();
-  grid->setContentsMargins(space * 3 / 2, space, space * 3 / 2, space / 2);
-  grid->setHorizontalSpacing(space * 3 / 4);
-  grid->setVerticalSpacing(space / 4);
+  grid->setContentsMargins(space * 3 / 2, space * 3 / 4, space, space / 4);
+  grid->setHorizontalSpacing(Spacing());
   grid->setColumnStretch(kHint, 1);
   const int bounds = LineRange(form_, screen + kLineBounds);
   const int first = bounds / 256;
@@ -246,9 +253,8 @@ void frmDisplay::MakePage(int screen) {
     grid->addWidget(Label1_, rows, kCaption, 1, kHint + 1);
   }
   const auto bracket = [&](const char* name, int box) {
-    auto* const label = new QLabel(page);
+    auto* const label = new BracketLabel(page);
     label->setObjectName(QString::fromLatin1(name));
-    label->setProperty("role", QStringLiteral("bracket"));
     grid->addWidget(label, form_.LineOfNumber[box] - first, kExtra, kMemberRows, 1);
     return label;
   };
@@ -266,9 +272,8 @@ void frmDisplay::MakeLine(QWidget* page, QGridLayout* grid, int line, int row) {
   if (placed.isIndented) caption->setIndent(fontMetrics().height());
   grid->addWidget(caption, row, kCaption);
   lblLine_[index] = caption;
-  auto* const hint = new HintLabel(Shown(ToUtf8(placed.hint)), page);
+  auto* const hint = new CutLabel(Shown(ToUtf8(placed.hint)), page);
   hint->setObjectName(InArray("lblHint", index));
-  hint->setTextFormat(Qt::PlainText);
   hint->setProperty("role", QStringLiteral("quiet"));
   grid->addWidget(hint, row, kHint);
   lblHint_[index] = hint;
@@ -289,14 +294,14 @@ QWidget* frmDisplay::MakeNumber(QWidget* page, int box) {
   edit->setObjectName(InArray("TxtDisp", index));
   edit->setAccessibleName(SpokenName(form_.lblLine[line].caption));
   edit->setAccessibleDescription(Shown(ToUtf8(form_.lblLine[line].hint)));
-  edit->setFixedWidth(fontMetrics().averageCharWidth() * 10);
+  edit->setFixedWidth(NumberWidth());
   connect(edit, &NumberEdit::Changed, this, [this, edit, box] {
     SetNumberText(form_, box, Typed(edit->text()));
     FormChanged();
   });
-  connect(edit, &NumberEdit::Entered, this, [this, box, line] {
+  connect(edit, &NumberEdit::Entered, this, [this, edit, box, line] {
     EnterNumberBox(form_, box);
-    ShowHint(line);
+    BoxEntered(edit, line);
   });
   connect(edit, &NumberEdit::LeftForBox, this, [this, box] { LeaveNumber(box); });
   connect(edit, &NumberEdit::LeftForButton, this, [this, box] {
@@ -309,19 +314,19 @@ QWidget* frmDisplay::MakeNumber(QWidget* page, int box) {
 
 QWidget* frmDisplay::MakeJoist(QWidget* page, int box, const QString& name) {
   auto* const both = new QWidget(page);
-  auto* const label = new QLabel(tr("joists, ft"), both);
+  auto* const label = new QLabel(tr("joists"), both);
   label->setProperty("role", QStringLiteral("quiet"));
   auto* const edit = new NumberEdit(both);
   const auto index = static_cast<std::size_t>(box);
   const int line = form_.LineOfNumber[NumberBoxOf(box)];
   edit->setObjectName(InArray("TxtDispJoist", index));
   edit->setAccessibleName(tr("Joist length in feet of: %1").arg(name));
-  edit->setFixedWidth(fontMetrics().averageCharWidth() * 8);
+  edit->setFixedWidth(NumberWidth());
   connect(edit, &NumberEdit::Changed, this, [this, edit, box] {
     SetJoistText(form_, box, Typed(edit->text()));
     FormChanged();
   });
-  connect(edit, &NumberEdit::Entered, this, [this, line] { ShowHint(line); });
+  connect(edit, &NumberEdit::Entered, this, [this, edit, line] { BoxEntered(edit, line); });
   connect(edit, &NumberEdit::LeftForBox, this, [this, box] { LeaveJoist(box); });
   connect(edit, &NumberEdit::LeftForButton, this, [this, box] {
     RoundJoistBox(form_, box);
@@ -346,51 +351,141 @@ QWidget* frmDisplay::MakeList(QWidget* page, int list) {
   box->setAccessibleDescription(Shown(ToUtf8(form_.lblLine[line].hint)));
   for (const std::string& row : form_.combo1[list].rows) box->addItem(Shown(ToUtf8(row)));
   connect(box, &QComboBox::activated, this, [this, list](int row) { Choose(list, row); });
-  connect(box, &ChoiceList::Entered, this, [this, list, line] {
+  connect(box, &ChoiceList::Entered, this, [this, box, list, line] {
     choiceBefore_ = {form_.combo1[list].ListIndex, form_.combo1[list].unlistedText};
-    ShowHint(line);
+    BoxEntered(box, line);
   });
   connect(box, &ChoiceList::UndoAsked, this, [this, list] { UndoChoice(list); });
   combo1_[index] = box;
   return box;
 }
 
-QPushButton* frmDisplay::MakeButton(const char* name, const QString& caption, QWidget* parent) {
-  auto* const button = new QPushButton(caption, parent);
-  button->setObjectName(QString::fromLatin1(name));
-  button->setAccessibleName(QString(caption).remove(QLatin1Char('&')).remove(QLatin1String("...")));
-  button->setAutoDefault(false);
-  return button;
+QPushButton* frmDisplay::MakeButton(const char* ring, const char* name, const QString& caption, QBoxLayout* row) {
+  auto* const label = new RingLabel(QString::fromLatin1(ring), QString::fromLatin1(name), caption, this);
+  label->Button()->setAutoDefault(false);
+  row->addWidget(label);
+  return label->Button();
 }
 
 QWidget* frmDisplay::MakeButtons() {
-  auto* const bar = new QWidget(this);
-  cmdDISP1_ = MakeButton("cmdDISP1", tr("&Next Screen"), bar);
-  cmdDISP2_ = MakeButton("cmdDISP2", tr("Pre&v Screen"), bar);
-  cmdDISP3_ = MakeButton("cmdDISP3", tr("&Print"), bar);
-  cmdDISP4_ = MakeButton("cmdDISP4", tr("E&xit"), bar);
-  cmdDOROOF_ = MakeButton("cmdDOROOF", tr("Stick Built Roof"), bar);
+  QWidget* const band = MakeBand(this);
+  auto* const row = new QHBoxLayout(band);
+  const int space = fontMetrics().height();
+  row->setContentsMargins(space * 3 / 2 - 3, space / 3, space * 3 / 2 - 3, space / 3);
+  row->setSpacing(space / 4);
+  cmdDISP1_ = MakeButton("lbldisp1", "cmdDISP1", tr("&Next Screen"), row);
+  cmdDISP2_ = MakeButton("lbldisp2", "cmdDISP2", tr("Pre&v Screen"), row);
+  cmdDISP3_ = MakeButton("lbldisp3", "cmdDISP3", tr("&Print"), row);
+  cmdDISP4_ = MakeButton("lbldisp4", "cmdDISP4", tr("E&xit"), row);
+  row->addStretch();
+  cmdDOROOF_ = MakeButton("lblDOROOF", "cmdDOROOF", tr("Stick Built Roof"), row);
   cmdDOROOF_->setShortcut(QKeySequence(Qt::ALT | Qt::Key_R));
   cmdDOROOF_->setToolTip(tr("ALT+R"));
-  cmdPreliminary_ = MakeButton("cmdPreliminary", tr("Prelim&inary..."), bar);
-  cmdLive_ = MakeButton("cmdLive", tr("&Live List"), bar);
-  cmdLive_->setCheckable(true);
+  cmdPreliminary_ = MakeButton("lblPreliminary", "cmdPreliminary", tr("Prelim&inary..."), row);
   connect(cmdDISP1_, &QPushButton::clicked, this, [this] { Go(+1); });
   connect(cmdDISP2_, &QPushButton::clicked, this, [this] { Go(-1); });
   connect(cmdDISP3_, &QPushButton::clicked, this, &frmDisplay::Print);
   connect(cmdDISP4_, &QPushButton::clicked, this, &frmDisplay::Exit);
   connect(cmdDOROOF_, &QPushButton::clicked, this, &frmDisplay::OpenRoof);
   connect(cmdPreliminary_, &QPushButton::clicked, this, &frmDisplay::OpenPreliminary);
-  connect(cmdLive_, &QPushButton::toggled, this, &frmDisplay::ToggleLive);
+  return band;
+}
+
+QWidget* frmDisplay::MakeFoot() {
+  auto* const foot = new QWidget(this);
+  lblStatus_ = new QLabel(QString::fromLatin1(kKeysLine), foot);
+  lblStatus_->setObjectName(QStringLiteral("lblStatus"));
+  lblStatus_->setAccessibleName(tr("Status line"));
+  lblStatus_->setTextFormat(Qt::PlainText);
+  lblStatus_->setProperty("role", QStringLiteral("quiet"));
+  lblStatus_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // its text never widens the window
+  cmdLive_ = new QPushButton(tr("&Live List"), foot);
+  cmdLive_->setObjectName(QStringLiteral("cmdLive"));
+  cmdLive_->setAccessibleName(tr("Live List"));
+  cmdLive_->setAutoDefault(false);
+  cmdLive_->setCheckable(true);
   cmdLive_->setVisible(static_cast<bool>(tasks_.makeLivePanel));
-  auto* const row = new QHBoxLayout(bar);
+  connect(cmdLive_, &QPushButton::toggled, this, &frmDisplay::ToggleLive);
+  auto* const row = new QHBoxLayout(foot);
   const int space = fontMetrics().height();
-  row->setContentsMargins(space * 3 / 2, space / 2, space * 3 / 2, space / 2);
-  row->setSpacing(space / 2);
-  for (QPushButton* const button : {cmdDISP1_, cmdDISP2_, cmdDISP3_, cmdDISP4_}) row->addWidget(button);
-  row->addStretch();
-  for (QPushButton* const button : {cmdDOROOF_, cmdPreliminary_, cmdLive_}) row->addWidget(button);
-  return bar;
+  row->setContentsMargins(space * 3 / 2, space / 4, space * 3 / 2, space / 4);
+  row->addWidget(lblStatus_, 1);
+  row->addWidget(cmdLive_);
+  foot->setFixedHeight(cmdLive_->sizeHint().height() + space / 2);
+  return foot;
+}
+
+int frmDisplay::WidthOfBox(int line) const {
+  const auto& [kind, index] = form_.lblLine[line].control;
+  const auto at = static_cast<std::size_t>(index);
+  if (kind == ControlKind::Selection && combo1_[at] != nullptr) return combo1_[at]->sizeHint().width();
+  if (kind != ControlKind::Number || TxtDisp_[at] == nullptr) return 0;
+  const int joist = JoistBoxOf(index);
+  if (joist < 0) return TxtDisp_[at]->width();
+  const QWidget* const extra = TxtDispJoist_[static_cast<std::size_t>(joist)]->parentWidget();
+  return TxtDisp_[at]->width() + Spacing() + extra->sizeHint().width();
+}
+
+int frmDisplay::Spacing() const { return fontMetrics().height() * 2 / 3; }
+
+int frmDisplay::NumberWidth() const { return fontMetrics().averageCharWidth() * 9; }
+
+// The least window shows every screen whole: with more room lines stand further apart, with less what to enter is written
+// smaller.
+void frmDisplay::FitLines(int heightOfFrame) {
+  struct Widths {
+    int caption = 0;
+    int box = 0;
+    int hint = 0;
+
+    void Hold(const Widths& other) {
+      caption = std::max(caption, other.caption), box = std::max(box, other.box), hint = std::max(hint, other.hint);
+    }
+    [[nodiscard]] int Whole() const { return caption + box + hint; }
+  };
+  std::array<Widths, ScreenCount + 1> pages;
+  Widths all;
+  int mostLines = 0;
+  int lineHeight = 0;
+  for (int screen = 0; screen <= ScreenCount; ++screen) {
+    const int bounds = LineRange(form_, screen + kLineBounds);
+    Widths& page = pages[static_cast<std::size_t>(screen)];
+    for (int line = bounds / 256; line <= bounds % 256; ++line) {
+      const auto at = static_cast<std::size_t>(line);
+      page.Hold({lblLine_[at]->sizeHint().width(), WidthOfBox(line), lblHint_[at]->sizeHint().width()});
+      if (form_.lblLine[line].control.kind == ControlKind::Selection)
+        if (const auto* const list = combo1_[static_cast<std::size_t>(form_.lblLine[line].control.index)])
+          lineHeight = std::max(lineHeight, list->sizeHint().height());
+    }
+    all.Hold(page);
+    mostLines = std::max(mostLines, bounds % 256 - bounds / 256 + 1);
+  }
+
+  const QMargins margins = Page_->widget(0)->layout()->contentsMargins();
+  const int width = kLeastWindow.width() - margins.left() - margins.right() - 2 * Spacing();
+  const int height = kLeastWindow.height() - heightOfFrame - margins.top() - margins.bottom();
+  const int apart = std::clamp((height - mostLines * lineHeight) / mostLines, 2, fontMetrics().height() / 2);
+  // Captions, boxes and texts begin at the same place on every screen, where that leaves room for the texts.
+  const bool isAligned = all.Whole() <= width;
+  double scale = 1;
+  for (int screen = 0; screen <= ScreenCount; ++screen) {
+    const Widths& page = pages[static_cast<std::size_t>(screen)];
+    auto* const grid = static_cast<QGridLayout*>(Page_->widget(screen)->layout());
+    grid->setVerticalSpacing(apart);
+    grid->setColumnMinimumWidth(kCaption, isAligned ? all.caption : page.caption);
+    // Columns in which nothing stands would lose the space between them.
+    const int extra = (isAligned ? all.box : page.box) - NumberWidth() - Spacing();
+    const int below = grid->rowCount() - 1;
+    grid->addItem(new QSpacerItem(NumberWidth(), 0), below, kBox);
+    grid->addItem(new QSpacerItem(extra, 0), below, kExtra);
+    if (page.Whole() > width) scale = std::min(scale, static_cast<double>(width - page.caption - page.box) / page.hint);
+  }
+  if (scale == 1) return;
+  constexpr double kLeastScale = 0.75;
+  QFont small = font();
+  small.setPointSizeF(font().pointSizeF() * std::max(scale, kLeastScale));
+  for (QLabel* const hint : lblHint_)
+    if (hint != nullptr) hint->setFont(small);
 }
 
 int frmDisplay::exec() {
@@ -477,10 +572,14 @@ void frmDisplay::FormChanged() {
   liveTimer_->start();
 }
 
-void frmDisplay::ShowHint(int line) {
-  const auto index = static_cast<std::size_t>(line);
-  const auto* const hint = static_cast<HintLabel*>(lblHint_[index]);
+void frmDisplay::BoxEntered(QWidget* box, int line) {
+  boxAtHand_ = box;
+  const auto* const hint = static_cast<CutLabel*>(lblHint_[static_cast<std::size_t>(line)]);
   lblStatus_->setText(hint->IsCut() ? QLatin1Char(' ') + hint->text() : QString::fromLatin1(kKeysLine));
+}
+
+void frmDisplay::BackToBox() {
+  if (boxAtHand_ != nullptr && boxAtHand_->isEnabled() && boxAtHand_->isVisibleTo(this)) boxAtHand_->setFocus(Qt::OtherFocusReason);
 }
 
 void frmDisplay::FocusLine(int line) {
@@ -610,7 +709,7 @@ void frmDisplay::Exit() {
       return Leave(true);
     case ExitRoad::AskToExit: {
       const std::string number = ToUtf8(program_.session.CurrentEstimate.PlanNumber.Trimmed());
-      if (program_.messages.ShowMessage(ExitQuestion(number)) != Answer::Yes) return;
+      if (program_.messages.ShowMessage(ExitQuestion(number)) != Answer::Yes) return BackToBox();
       break;
     }
     case ExitRoad::AskToSave:
@@ -619,10 +718,10 @@ void frmDisplay::Exit() {
   frmEstsave prompt(form_.mode, this);
   prompt.exec();
   const SaveRoad road = RoadOfSave(form_.mode, prompt.Choice());
-  if (road.staysOnForm) return;
+  if (road.staysOnForm) return BackToBox();
   const bool keepsPlan = road.updatesRecord || !road.PlanCancelled;
   if (keepsPlan && ToldNumberFault()) return;
-  if (road.updatesRecord && !SaveInPlace()) return;
+  if (road.updatesRecord && !SaveInPlace()) return BackToBox();
   Leave(road.PlanCancelled);
 }
 
@@ -643,7 +742,7 @@ void frmDisplay::Leave(bool planCancelled) {
 }
 
 void frmDisplay::OpenPreliminary() {
-  if (program_.messages.ShowMessage(kPreliminaryNotice) != Answer::Ok) return;
+  if (program_.messages.ShowMessage(std::string(kPreliminaryNotice)) != Answer::Ok) return BackToBox();
   Frmnewest(program_, form_, this).exec();
   ShowForm();
   FormChanged();
@@ -673,6 +772,8 @@ void frmDisplay::ToggleLive(bool shown) {
   }
   live_->setVisible(shown);
   liveTimer_->start();
+  // Typing goes on where it was.
+  BackToBox();
 }
 
 }  // namespace norvale

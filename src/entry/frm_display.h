@@ -8,6 +8,7 @@
 #include "desktop/program.h"
 #include "entry/form_fields.h"
 
+class QBoxLayout;
 class QGridLayout;
 class QLabel;
 class QPushButton;
@@ -62,12 +63,18 @@ class frmDisplay : public QDialog {
   QWidget* MakeJoist(QWidget* page, int box, const QString& name);
   QWidget* MakeList(QWidget* page, int list);
   QWidget* MakeButtons();
-  QPushButton* MakeButton(const char* name, const QString& caption, QWidget* parent);
+  QPushButton* MakeButton(const char* ring, const char* name, const QString& caption, QBoxLayout* row);
+  QWidget* MakeFoot();
+  void FitLines(int heightOfFrame);
+  [[nodiscard]] int WidthOfBox(int line) const;
+  [[nodiscard]] int NumberWidth() const;
+  [[nodiscard]] int Spacing() const;
 
   void ShowForm();   // from the record into the window
   void ShowFrame();  // what stands around the lines
   void FormChanged();
-  void ShowHint(int line);
+  void BoxEntered(QWidget* box, int line);
+  void BackToBox();
   void FocusLine(int line);
   void FocusFault(bool isJoistBox, int box);
   void Tell(const std::string& message);
@@ -75,7 +82,7 @@ class frmDisplay : public QDialog {
   void LeaveNumber(int box);
   void LeaveJoist(int box);
   void RoundBoxAtHand();
-  bool IsInSight(const QWidget* box) const;
+  [[nodiscard]] bool IsInSight(const QWidget* box) const;
   void Choose(int list, int row);
   void UndoChoice(int list);
 
@@ -111,7 +118,8 @@ class frmDisplay : public QDialog {
     int row;
     std::string unlistedText;
   };
-  Choice choiceBefore_{};  // of the list that has the focus
+  Choice choiceBefore_{};         // of the list that has the focus
+  QWidget* boxAtHand_ = nullptr;  // the one that had the focus last
 
   QLabel* PageLabel_ = nullptr;
   QLabel* Label1_ = nullptr;

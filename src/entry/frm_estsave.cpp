@@ -49,7 +49,7 @@ frmEstsave::frmEstsave(PlanMode mode, QWidget* parent) : QDialog(parent) {
     button->setAccessibleDescription(QString::fromLatin1(option.note));
     button->setAutoDefault(false);
     auto* const note = new QLabel(QString::fromLatin1(option.note), this);
-    note->setObjectName(InArray("lblsave", i));
+    note->setObjectName(InArray("lblSaveNote", i));
     note->setProperty("role", QStringLiteral("quiet"));
     layout->addWidget(button, static_cast<int>(i) + 2, 0);
     layout->addWidget(note, static_cast<int>(i) + 2, 1);

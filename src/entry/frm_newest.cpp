@@ -69,11 +69,7 @@ Frmnewest::Frmnewest(Program& program, PlanForm& form, QWidget* parent)
   layout->addSpacing(space / 2);
   layout->addLayout(row);
   ShowSheet();
-  for (NumberEdit* const box : txtfootage_)
-    if (box->isEnabled()) {
-      box->setFocus();
-      break;
-    }
+  txtfootage_.front()->setFocus();
 }
 
 void Frmnewest::MakeBoxes(QGridLayout* grid) {
@@ -98,6 +94,7 @@ void Frmnewest::MakeBoxes(QGridLayout* grid) {
     grid->addWidget(box, static_cast<int>(i), 1);
     txtfootage_[i] = box;
   }
+  txtfootage_[kGablesBox]->setProperty(kTakesEnter, true);
   grid->setColumnStretch(2, 1);
 }
 
@@ -152,10 +149,12 @@ bool Frmnewest::eventFilter(QObject* watched, QEvent* event) {
   // The widths are asked for right behind their number: their boxes must be there before the focus looks for the next one.
   if (watched == txtfootage_[kGablesBox] && event->type() == QEvent::KeyPress) {
     const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Tab || key == Qt::Key_Return || key == Qt::Key_Enter) {
+    const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (isEnter || key == Qt::Key_Tab) {
       (void)LeaveFootage(sheet_, Footage::Gables);
       ShowSheet();
     }
+    if (isEnter) return focusNextChild();
   }
   return QDialog::eventFilter(watched, event);
 }

@@ -199,6 +199,7 @@ PlanForm OpenPlanForm(PlanMode mode, bool isTypeChanged, EstimateRecord& plan, c
 EstimateRecord BlankPlan() {
   EstimateRecord plan;
   plan.PriceLevel.Assign("1");
+  plan.ReservedText.Assign("");  // as a plan that is imported has it
   return plan;
 }
 

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/estimate_record.h"
@@ -63,6 +64,11 @@ struct PreliminaryRefusal {
   std::string message;  // lacks its title
 };
 std::optional<PreliminaryRefusal> RefusalOfPreliminary(const Preliminary& result);
+
+/// Said before the sheet is opened for a plan that has its figures already. OK: the sheet.
+inline constexpr std::string_view kPreliminaryNotice =
+    "3 The preliminary sheet puts what it computes in place of what stands here: the eaves, the roof overhang, the fascia, the areas of "
+    "the roof, the gables, the first floor, the garage and the carport.|prelim measurements";
 
 /// Puts results that are not refused into the form, as if they were typed, and the eaves into the record. What follows from
 /// the heated area follows at once.
