@@ -18,6 +18,26 @@ struct CloseFile {
   void operator()(std::FILE* file) const { std::fclose(file); }  // NOLINT: only ever read from
 };
 
+std::filesystem::path Beside(std::filesystem::path path) { return path += ".new"; }
+
+void WriteBeside(Disk& disk, const std::filesystem::path& path, std::string_view bytes) {
+  // A rename would pass over the mark of a file that may not be written.
+  (void)disk.Open(path, Opening::Update);
+  try {
+    const auto file = disk.Open(Beside(path), Opening::Fresh);
+    file->WriteAt(0, bytes);
+    file->Sync();
+  } catch (...) {
+    disk.Remove(Beside(path));
+    throw;
+  }
+}
+
+void TakePlace(Disk& disk, const std::filesystem::path& path) {
+  disk.Rename(Beside(path), path);
+  disk.SyncFolder(path.parent_path());
+}
+
 }  // namespace
 
 std::optional<std::string> ReadFileIfPresent(const std::filesystem::path& path) {
@@ -52,18 +72,23 @@ std::string ReadWholeFile(const std::filesystem::path& path) {
 }
 
 void ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string_view bytes) {
-  std::filesystem::path beside = path;
-  beside += ".new";
+  WriteBeside(disk, path, bytes);
+  TakePlace(disk, path);
+}
+
+void ReplaceFileWithBackup(Disk& disk, const std::filesystem::path& path, const std::filesystem::path& backup, std::string_view bytes) {
+  WriteBeside(disk, path, bytes);
   try {
-    const auto file = disk.Open(beside, Opening::Fresh);
-    file->WriteAt(0, bytes);
-    file->Sync();
+    if (const auto before = disk.Open(path, Opening::Read)) {
+      std::string kept(static_cast<std::size_t>(before->Size()), '\0');
+      ReadExactly(*before, path.string(), 0, kept.data(), kept.size());
+      ReplaceFile(disk, backup, kept);
+    }
   } catch (...) {
-    disk.Remove(beside);
+    disk.Remove(Beside(path));
     throw;
   }
-  disk.Rename(beside, path);
-  disk.SyncFolder(path.has_parent_path() ? path.parent_path() : std::filesystem::path("."));
+  TakePlace(disk, path);
 }
 
 }  // namespace norvale

@@ -22,7 +22,12 @@ std::string ReadWholeFile(const std::filesystem::path& path);
 std::optional<std::string> ReadFileIfPresent(const std::filesystem::path& path);
 
 /// Puts `bytes` in the place of the file: written beside it, synced, then renamed over it, so that a crash leaves the old
-/// file or the new one. When it returns, the new one is on the disk. Throws FileError and leaves the old one.
+/// file or the new one. When it returns, the new one is on the disk. Throws FileError and leaves the old one; a file that may
+/// not be written is not replaced either.
 void ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string_view bytes);
+
+/// The same, and what the file held before stands in the file `backup` then. The backup is whole before the new file takes
+/// its place, so that neither name is ever without one. Where there was no file, the backup stays as it is.
+void ReplaceFileWithBackup(Disk& disk, const std::filesystem::path& path, const std::filesystem::path& backup, std::string_view bytes);
 
 }  // namespace norvale

@@ -88,20 +88,24 @@ QPalette PaletteOf(const Colours& colours, const Grounds& grounds) {
 
 QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
   QString sheet = QStringLiteral(R"(
-    QLineEdit, QTextBrowser, QComboBox, QSpinBox, QPlainTextEdit, QTreeWidget {
+    QLineEdit, QTextBrowser, QComboBox, QSpinBox, QPlainTextEdit, QTreeWidget, QListWidget {
       border: 1px solid @edge; border-radius: 4px; padding: 3px 6px; background: @base; color: @text;
     }
-    QLineEdit:focus, QTextBrowser:focus, QComboBox:focus, QSpinBox:focus, QPlainTextEdit:focus, QTreeWidget:focus {
+    QLineEdit:focus, QTextBrowser:focus, QComboBox:focus, QSpinBox:focus, QPlainTextEdit:focus, QTreeWidget:focus, QListWidget:focus {
       border: 2px solid @focus; padding: 2px 5px;
     }
     QLineEdit:read-only { background: @window; }
     QLineEdit:disabled, QComboBox:disabled, QSpinBox:disabled { background: @disabledBase; color: @disabledText; }
+    QListWidget::item { padding: 1px 0; }
+    QListWidget::item:selected { background: @selection; color: white; }
+    QListWidget::item:disabled { color: @disabledText; }
     QPushButton {
       border: 1px solid @edge; border-radius: 4px; padding: 5px 14px; min-width: 4em; background: @button; color: @text;
     }
     QPushButton[role="key"] { min-width: 1.5em; padding: 5px; }
     QPushButton:hover { background: @over; }
     QPushButton:pressed { background: @down; }
+    QPushButton:checked { background: @down; border-color: @focus; }
     QPushButton:focus { border: 2px solid @focus; padding: 4px 13px; }
     QPushButton:disabled { background: @disabledBase; color: @disabledText; }
     QComboBox::drop-down { border: none; width: 1.6em; }
@@ -139,6 +143,7 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
       {QStringLiteral("@quiet"), colours.quietText},
       {QStringLiteral("@bandText"), colours.bandText},
       {QStringLiteral("@band"), colours.band},
+      {QStringLiteral("@selection"), grounds.selection},
       {QStringLiteral("@disabledBase"), grounds.disabledBase},
       {QStringLiteral("@disabledText"), grounds.disabledText},
   };

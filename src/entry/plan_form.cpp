@@ -4,7 +4,6 @@
 #include <array>
 #include <limits>
 
-#include "base/files.h"
 #include "base/numbers.h"
 #include "base/text.h"
 #include "data/plan_type.h"
@@ -115,15 +114,6 @@ void LoadChoice(SelectionBox& box, const PlanChoice& choice, const EstimateRecor
 }
 
 }  // namespace
-
-std::vector<ScreenLine> LoadScreenLines(const std::filesystem::path& folder) {
-  const auto bytes = ReadFileIfPresent(folder / kScreenFileName);
-  std::vector<ScreenLine> lines;
-  if (!bytes) return lines;
-  lines.resize(std::min(bytes->size() / ScreenLineSize, kScreenLines));
-  for (std::size_t i = 0; i < lines.size(); ++i) DecodeValue(bytes->data() + i * ScreenLineSize, lines[i]);
-  return lines;
-}
 
 std::string RefusalOfPlan(const std::vector<ScreenLine>& lines, const std::vector<MaterialRow>& rows) {
   const auto refusal = [](std::string_view file) {

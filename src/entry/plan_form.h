@@ -1,7 +1,6 @@
 // A plan on its way from the record into the data-entry form and back.
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -10,10 +9,6 @@
 #include "prices/material_lists.h"
 
 namespace norvale {
-
-/// The lines of the screen file of a working folder, in its order; an incomplete one at the end is left out. A missing file
-/// has none. Throws FileError where the file cannot be read.
-std::vector<ScreenLine> LoadScreenLines(const std::filesystem::path& folder);
 
 /// The notice with which opening a plan is refused, empty where lines and lists are there: a form without them would write
 /// zeros over a plan's choices.

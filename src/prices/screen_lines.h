@@ -2,7 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/fields.h"
 
@@ -32,5 +36,15 @@ struct RecordFields<ScreenLine> {
   };
 };
 static_assert(FieldsTile(RecordFields<ScreenLine>::table, ScreenLineSize), "no gap, no overlap");
+
+/// All lines of the screen file of a working folder, in its order; an incomplete one at the end is left out. A missing file
+/// has none. Throws FileError where the file cannot be read.
+std::vector<ScreenLine> LoadScreenLines(const std::filesystem::path& folder);
+
+/// The number of the list that a line's code names ("C:07" is list 7); nothing for a line without a list.
+std::optional<int> ListOfLine(const ScreenLine& line);
+
+/// The caption up to its first ":", in the Windows-1252 of the file.
+std::string CaptionName(const ScreenLine& line);
 
 }  // namespace norvale

@@ -3,7 +3,9 @@
 #include "desktop/frm_text.h"
 #include "entry/frm_calc.h"
 #include "entry/frm_checklst.h"
+#include "prices/frm_mat_default.h"
 #include "prices/frm_prices.h"
+#include "prices/frm_waste.h"
 #include "printing/frm_dispatch.h"
 #include "shell/frm_address.h"
 #include "shell/status_line.h"
@@ -23,6 +25,14 @@ void EditCompany(Program& program, QWidget* menu) { frmAddress(program, Customer
 void EditPrices(Program& program, QWidget* menu) {
   const PrintPrices print = [&program](const PriceList&, QWidget*) { SayNotInThisVersion(program, "Printing the price list"); };
   frmPrices(program, print, menu).exec();
+}
+
+void EditMaterialLists(Program& program, QWidget* menu) {
+  Try(program.messages, [&] { frmMatDefault(program, menu).exec(); });
+}
+
+void EditWasteFactors(Program& program, QWidget* menu) {
+  Try(program.messages, [&] { frmWaste(program, menu).exec(); });
 }
 
 // What the road of a plan needs of forms that stand above entry.
@@ -69,13 +79,13 @@ void RunTask(Program& program, MenuChoice choice, QWidget* menu) {
       EditCompany(program, menu);
       break;
     case MenuChoice::MaterialDefaults:
-      SayNotInThisVersion(program, "Editing the material lists");
+      EditMaterialLists(program, menu);
       break;
     case MenuChoice::Prices:
       EditPrices(program, menu);
       break;
     case MenuChoice::WasteFactors:
-      SayNotInThisVersion(program, "Editing the waste factors");
+      EditWasteFactors(program, menu);
       break;
     // The menu goes from panel to panel by itself.
     case MenuChoice::EstimateMenu:

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFont>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyleFactory>
@@ -30,9 +31,11 @@
 #include "entry/screens.h"
 #include "prices/delivered.h"
 #include "prices/exchange.h"
+#include "prices/frm_mat_default.h"
 #include "prices/frm_price_preview.h"
 #include "prices/frm_price_table.h"
 #include "prices/frm_prices.h"
+#include "prices/frm_waste.h"
 #include "prices/new_folder.h"
 #include "shell/frm_address.h"
 #include "shell/frm_menu.h"
@@ -181,6 +184,25 @@ void TakeCalculator(Camera& camera, Program& program) {
   display.hide();
 }
 
+void TakeMaterials(Camera& camera, Program& program) {
+  {
+    frmMatDefault form(program);
+    camera.Take(form, "material-lists");
+    form.findChild<QListWidget*>(QStringLiteral("lstLists"))->setCurrentRow(35);
+    form.findChild<QLineEdit*>(QStringLiteral("txtAddItem"))->setFocus();
+    form.findChild<QLineEdit*>(QStringLiteral("txtAddItem"))->setText(QStringLiteral("7-1/4X12' FIBER CEMENT"));
+    camera.Take(form, "material-lists-row");
+  }
+  {
+    frmWaste form(program);
+    camera.Take(form, "waste");
+    for (const char* const panel : {"cmd2nd", "cmdroof", "cmdextrim", "cmdFSIT"}) {
+      form.findChild<QPushButton*>(QString::fromLatin1(panel))->click();
+      camera.Take(form, (std::string("waste-") + panel).c_str());
+    }
+  }
+}
+
 int Run(QApplication& app, const QStringList& words) {
   if (words.size() < 3) return std::fputs("norvale_screenshots DIR light|dark [POINTS]\n", stderr), 2;
   const bool isDark = words[2] == QLatin1String("dark");
@@ -277,6 +299,7 @@ int Run(QApplication& app, const QStringList& words) {
     camera.Take(form, "checklist-find");
   }
   TakePrices(camera, program);
+  TakeMaterials(camera, program);
   frmHelp help(QStringLiteral("customers"));
   camera.Take(help, "help");
   return 0;
