@@ -68,21 +68,25 @@ Replacement::~Replacement() {
   if (begun_) return;
   try {
     if (journal_.Where() != Journal::State::Listing) journal_.Retire();  // else the next to open the folder would need the working files
-    for (const auto& [working, target] : files_) folder_.Files().Remove(folder_.PathOf(working));
+    for (const auto& [working, target] : files_) folder_.Files().Remove(folder_.Folder() / working);
   } catch (const FileError&) {
   }
 }
 
 std::unique_ptr<DiskFile> Replacement::Create(DataFile working, DataFile target) {
-  files_.push_back({working, target});
-  return folder_.Files().Open(folder_.PathOf(working), Opening::Fresh);
+  return Create(std::string(NameOf(working)), std::string(NameOf(target)));
+}
+
+std::unique_ptr<DiskFile> Replacement::Create(std::string working, std::string target) {
+  files_.push_back({std::move(working), std::move(target)});
+  return folder_.Files().Open(folder_.Folder() / files_.back().working, Opening::Fresh);
 }
 
 void Replacement::Write(DataFile file, std::uint64_t offset, std::string_view bytes) { journal_.AddBytes(file, offset, bytes); }
 
 void Replacement::Commit() {
   for (const auto& [working, target] : files_) {
-    OpenDataFile(folder_, working)->Sync();
+    folder_.Files().Open(folder_.Folder() / working, Opening::Create)->Sync();
     journal_.AddRename(working, target);
   }
   folder_.Files().SyncFolder(folder_.Folder());

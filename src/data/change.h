@@ -58,6 +58,12 @@ class Replacement {
   /// A working file, empty, that takes the place of `target` with the commit. Close it before.
   std::unique_ptr<DiskFile> Create(DataFile working, DataFile target);
 
+  /// The same for any file of the folder, by its name without a path.
+  std::unique_ptr<DiskFile> Create(std::string working, std::string target);
+
+  /// A file that is gone with the commit.
+  void Remove(std::string_view name) { journal_.AddRemove(name); }
+
   /// Bytes to be written over those of a file with the commit; they must lie within it. For a few bytes only.
   void Write(DataFile file, std::uint64_t offset, std::string_view bytes);
 
@@ -67,8 +73,8 @@ class Replacement {
 
  private:
   struct NewFile {
-    DataFile working;
-    DataFile target;
+    std::string working;
+    std::string target;
   };
 
   DataFolder& folder_;

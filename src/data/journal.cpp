@@ -17,13 +17,20 @@ constexpr std::string_view kMagic = "NVJRNL01";
 constexpr std::size_t kHeaderSize = 32;  // magic, length of the list, its checksum, the checksum of these
 constexpr std::size_t kStepSize = 24;    // kind, file, 6 bytes of 0, offset, length; then the bytes
 constexpr std::size_t kBlock = 256 * 1024;
-static_assert(kBlock % sizeof(std::uint64_t) == 0, "the checksum goes by whole words");
+static_assert(kBlock % kChecksumPiece == 0, "the checksum goes by whole words");
 
 constexpr std::uint64_t kLargestFile = 1ULL << 31;  // positions in the files are 32-bit
 
 constexpr std::uint8_t kSetLength = 1;
 constexpr std::uint8_t kPutBytes = 2;
 constexpr std::uint8_t kRename = 3;
+constexpr std::uint8_t kRemove = 4;
+constexpr std::size_t kLongestNames = 1024;  // of both names of a step
+
+// A name that lies in the folder itself, whatever the system.
+bool IsPlainName(std::string_view name) {
+  return !name.empty() && name.front() != '.' && name.find_first_of(std::string_view("/\\:\0", 4)) == std::string_view::npos;
+}
 
 std::array<char, kHeaderSize> Header(std::uint64_t length, std::uint64_t checksum) {
   std::array<char, kHeaderSize> header{};
@@ -100,7 +107,14 @@ void Journal::AddBytes(DataFile file, std::uint64_t offset, std::string_view byt
   Append(bytes);
 }
 
-void Journal::AddRename(DataFile from, DataFile to) { AddStep(kRename, to, static_cast<std::uint64_t>(from), 0); }
+void Journal::AddNames(std::uint8_t kind, std::string_view names) {
+  AddStep(kind, DataFile{}, 0, names.size());
+  Append(names);
+}
+
+void Journal::AddRename(std::string_view from, std::string_view to) { AddNames(kRename, std::string(from) + '/' + std::string(to)); }
+
+void Journal::AddRemove(std::string_view name) { AddNames(kRemove, name); }
 
 void Journal::AddBytesOf(DataFile file, DiskFile& from, std::uint64_t offset, std::uint64_t length) {
   AddStep(kPutBytes, file, offset, length);
@@ -160,6 +174,26 @@ void Journal::TakeSteps(bool* begun) {
   };
   const auto damaged = [&] { return FileError(path_.string(), "a step of the list is none that this program writes"); };
 
+  // A file that was written by an earlier step is whole before its name changes.
+  const auto closeAll = [&files] {
+    for (const auto& [file, opened] : files) opened->Sync();
+    files.clear();
+  };
+  const auto rename = [&](std::string_view from, std::string_view to) {
+    if (!disk_.Open(folder_ / from, Opening::Read)) return;  // done by an earlier try
+    closeAll();
+    change();
+    disk_.Rename(folder_ / from, folder_ / to);
+    renamed = true;
+  };
+  const auto remove = [&](const std::string& name) {
+    if (!disk_.Open(folder_ / name, Opening::Read)) return;
+    closeAll();
+    change();
+    disk_.Remove(folder_ / name);
+    renamed = true;
+  };
+
   std::string block;
   for (std::uint64_t at = kHeaderSize; at < end;) {
     std::array<char, kStepSize> step{};
@@ -190,21 +224,23 @@ void Journal::TakeSteps(bool* begun) {
         offset += wanted;
         length -= wanted;
       }
-    } else if (kind == kRename && offset < kDataFileNames.size()) {
-      const auto from = folder_ / kDataFileNames[static_cast<std::size_t>(offset)];
-      if (!disk_.Open(from, Opening::Read)) continue;  // done by an earlier try
-      if (const auto opened = files.find(file); opened != files.end()) {
-        opened->second->Sync();
-        files.erase(opened);
-      }
-      change();
-      disk_.Rename(from, folder_ / NameOf(file));
-      renamed = true;
+    } else if ((kind == kRename || kind == kRemove) && length <= kLongestNames) {
+      block.resize(static_cast<std::size_t>(length));
+      ReadExactly(*file_, kJournalFile, at, block.data(), block.size());
+      at += length;
+      const std::size_t cut = kind == kRename ? block.find('/') : block.size();
+      const std::string first = block.substr(0, cut);
+      const std::string second = cut < block.size() ? block.substr(cut + 1) : std::string();
+      if (!IsPlainName(first) || (kind == kRename && !IsPlainName(second))) throw damaged();
+      if (kind == kRename)
+        rename(first, second);
+      else
+        remove(first);
     } else {
       throw damaged();
     }
   }
-  for (const auto& [file, opened] : files) opened->Sync();
+  closeAll();
   if (renamed) disk_.SyncFolder(folder_);
 }
 

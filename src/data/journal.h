@@ -1,6 +1,6 @@
 // The journal: what makes a change of several files all or nothing.
 //
-// A journal is a list of steps that may be taken twice: set a file's length, put bytes at a place, rename a file. An
+// A journal is a list of steps that may be taken twice: set a file's length, put bytes at a place, rename or remove a file. An
 // operation that changes files in place first lists the steps that undo it; one that writes files aside lists the steps that
 // finish it. Once the list is sealed, whoever opens the folder next takes its steps, as often as it needs; a list that was
 // not sealed has never been acted upon and is ignored. The format is told in docs/file_formats.md.
@@ -22,7 +22,8 @@ class Journal {
   /// Lists a step. Nothing is promised before `Seal`.
   void AddLength(DataFile file, std::uint64_t length);
   void AddBytes(DataFile file, std::uint64_t offset, std::string_view bytes);
-  void AddRename(DataFile from, DataFile to);
+  void AddRename(std::string_view from, std::string_view to);  // names without a path
+  void AddRemove(std::string_view name);
 
   /// Lists the bytes as they stand in `from` now, in pieces: the range may be as long as the file.
   void AddBytesOf(DataFile file, DiskFile& from, std::uint64_t offset, std::uint64_t length);
@@ -57,6 +58,7 @@ class Journal {
   void Append(std::string_view bytes);
   void Flush();
   void WriteHeader();
+  void AddNames(std::uint8_t kind, std::string_view names);
   void AddStep(std::uint8_t kind, DataFile file, std::uint64_t offset, std::uint64_t length);
 
   Disk& disk_;

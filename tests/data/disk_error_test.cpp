@@ -53,7 +53,7 @@ TEST_P(DiskErrorTest, LeavesTheOldDataAndNamesTheFile) {
       // The delete has brought the records into index order; the same is done to what is expected.
       const auto inOrder = [](const FolderBytes& bytes) {
         MemoryDisk ordered;
-        for (std::size_t i = 0; i < bytes.size(); ++i) ordered.SetBytes(kDataFileNames[i], bytes[i]);
+        for (const auto& [name, content] : bytes) ordered.SetBytes(name, content);
         DataFolder folder("", ordered);
         Session session;
         session.CurrentEstimate = PlanOf(8, "NEXT");

@@ -3,9 +3,11 @@
 
 #include <array>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
+#include "data/backup.h"
 #include "data/batch_store.h"
 #include "data/customer_file.h"
 #include "data/estimate_file.h"
@@ -34,10 +36,12 @@ inline EstimateRecord PlanOf(std::int16_t customer, std::string_view number, std
   return plan;
 }
 
-/// The four files, in the order of `DataFile`.
-using FolderBytes = std::array<std::string, 4>;
-inline FolderBytes BytesOf(const MemoryDisk& disk) {
-  return {disk.Bytes(CustomerDataFile), disk.Bytes(CustomerIndexFile), disk.Bytes(EstimateDataFile), disk.Bytes(EstimateIndexFile)};
+/// The files that a backup would hold, by their name. An empty file counts as none.
+using FolderBytes = std::map<std::string, std::string>;
+inline FolderBytes BytesOf(const MemoryDisk& disk, const std::filesystem::path& folder = "") {
+  FolderBytes bytes = disk.FilesIn(folder);
+  std::erase_if(bytes, [](const auto& file) { return !IsKept(file.first) || file.second.empty(); });
+  return bytes;
 }
 
 /// Four customers, nine plans: two of one key, some of the company, some of nobody on file, none in index order.

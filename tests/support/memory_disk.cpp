@@ -253,6 +253,14 @@ void MemoryDisk::SetBytes(const std::filesystem::path& path, std::string bytes) 
   folder->now[NameOf(path)] = folder->synced[NameOf(path)] = {content, nullptr};
 }
 
+std::map<std::string, std::string> MemoryDisk::FilesIn(const std::filesystem::path& path) const {
+  std::map<std::string, std::string> files;
+  if (const auto folder = FolderAt(path))
+    for (const auto& [name, entry] : folder->now)
+      if (entry.file != nullptr) files[name] = entry.file->now;
+  return files;
+}
+
 bool MemoryDisk::Has(const std::filesystem::path& path) const {
   const auto folder = FolderAt(path.parent_path());
   const auto found = folder == nullptr ? Entries::const_iterator() : folder->now.find(NameOf(path));

@@ -47,6 +47,9 @@ class MemoryDisk final : public Disk {
   void SetBytes(const std::filesystem::path& path, std::string bytes);
   [[nodiscard]] bool Has(const std::filesystem::path& path) const;
 
+  /// The bytes of all files of a folder, by their name.
+  [[nodiscard]] std::map<std::string, std::string> FilesIn(const std::filesystem::path& folder) const;
+
   // Changes are the calls that a power cut can fall between: new, write, resize, sync, rename, remove.
   int changes = 0;
   int cutBefore = -1;       // the change that does not happen any more
