@@ -107,6 +107,9 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
     QPushButton:pressed { background: @down; }
     QPushButton:checked { background: @down; border-color: @focus; }
     QPushButton:focus { border: 2px solid @focus; padding: 4px 13px; }
+    QPushButton[role="link"] { border: 2px solid transparent; padding: 4px 8px; background: transparent; color: @focus; }
+    QPushButton[role="link"]:hover { text-decoration: underline; }
+    QPushButton[role="link"]:focus { border-color: @focus; padding: 4px 8px; }
     QPushButton:disabled { background: @disabledBase; color: @disabledText; }
     QComboBox::drop-down { border: none; width: 1.6em; }
     QComboBox::down-arrow { image: url(:/pictures/down-@look.svg); width: 0.8em; height: 0.8em; }

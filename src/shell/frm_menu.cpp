@@ -187,11 +187,27 @@ frmMenu::Panel frmMenu::MakePanel(const MenuPanel& menu) {
     grid->addWidget(card, static_cast<int>(i) / kCardsInRow, static_cast<int>(i) % kCardsInRow);
     panel.buttons.push_back(card);
   }
+  if (menu.link != nullptr) {
+    panel.buttons.push_back(MakeLink(menu, panel.box));
+    const auto at = static_cast<int>(menu.row.size());
+    grid->addWidget(panel.buttons.back(), at / kCardsInRow, at % kCardsInRow, Qt::AlignLeft | Qt::AlignBottom);
+  }
   // Every menu has the same places, so that a button is where it was on the menu before.
   for (int column = 0; column < kCardsInRow; ++column) grid->setColumnStretch(column, 1);
   for (int line = 0; line < kLinesOfCards; ++line) grid->setRowStretch(line, 1);
   panel.box->hide();
   return panel;
+}
+
+QPushButton* frmMenu::MakeLink(const MenuPanel& menu, QWidget* box) {
+  auto* const link = new QPushButton(Shown(menu.link->caption) + QStringLiteral("  (%1)").arg(QLatin1Char(menu.link->key)), box);
+  link->setObjectName(QStringLiteral("cmd") + Shown(menu.link->caption));
+  link->setAccessibleName(Shown(menu.link->caption));
+  link->setAccessibleDescription(Shown(menu.link->purpose));
+  link->setProperty("role", QStringLiteral("link"));
+  link->installEventFilter(this);
+  connect(link, &QPushButton::clicked, this, [this, &menu] { Choose(menu, menu.link->choice); });
+  return link;
 }
 
 void frmMenu::ShowMenu(std::string_view name) {
@@ -212,13 +228,12 @@ void frmMenu::SetStatusLine(std::string_view text, StatusMode mode) {
 }
 
 void frmMenu::reject() {
-  if (Panel* const panel = ShownPanel(); panel != nullptr) panel->buttons.back()->click();
+  if (Panel* const panel = ShownPanel(); panel != nullptr) panel->LastCard()->click();
 }
 
 bool frmMenu::eventFilter(QObject* watched, QEvent* event) {
-  auto* const card = qobject_cast<MenuCard*>(watched);
-  if (card == nullptr) return QDialog::eventFilter(watched, event);
-  const auto panel = std::find_if(panels_.begin(), panels_.end(), [card](const Panel& p) { return p.box == card->parentWidget(); });
+  const auto panel = std::find_if(panels_.begin(), panels_.end(), [watched](const Panel& p) { return p.box == watched->parent(); });
+  if (panel == panels_.end()) return QDialog::eventFilter(watched, event);
   if (event->type() == QEvent::FocusIn) {
     SetStatusLine(std::string(Trim(panel->menu->hint)) + " " + std::string(EntryHint), StatusMode::Message);
   } else if (event->type() == QEvent::KeyPress) {

@@ -61,11 +61,14 @@ class frmMenu : public QDialog {
   struct Panel {
     const MenuPanel* menu;
     QWidget* box;
-    std::vector<MenuCard*> buttons;
+    std::vector<QPushButton*> buttons;  // the cards, and behind them the link where there is one
+
+    [[nodiscard]] QPushButton* LastCard() const { return buttons[menu->row.size() - 1]; }
   };
 
   QWidget* MakeHead();
   Panel MakePanel(const MenuPanel& menu);
+  QPushButton* MakeLink(const MenuPanel& menu, QWidget* box);
   Panel* ShownPanel();
   void HidePanels();
   void Choose(const MenuPanel& menu, MenuChoice choice);

@@ -8,6 +8,7 @@
 #include "prices/frm_waste.h"
 #include "printing/frm_dispatch.h"
 #include "shell/frm_address.h"
+#include "shell/frm_restore.h"
 #include "shell/status_line.h"
 
 namespace norvale {
@@ -86,6 +87,9 @@ void RunTask(Program& program, MenuChoice choice, QWidget* menu) {
       break;
     case MenuChoice::WasteFactors:
       EditWasteFactors(program, menu);
+      break;
+    case MenuChoice::Backups:
+      frmRestore(program, menu).exec();
       break;
     // The menu goes from panel to panel by itself.
     case MenuChoice::EstimateMenu:

@@ -42,13 +42,15 @@ constexpr MenuButton kUtilityButtons[] = {
     {"Waste factors",       "Percentages added for waste",   '\0', "waste",    MenuChoice::WasteFactors},
     {"Exit",                "Back to the main menu",         'X', "back",      MenuChoice::MainMenu},
 };
+constexpr MenuButton kUtilityLink =
+    {"Backups",             "Bring an earlier state back",   'B', "",          MenuChoice::Backups};
 
 constexpr std::array<MenuPanel, 5> kPanels = {{
     {Menu::Main,     "MAIN",     "pctMainMenu",    "cmdMENU1", "Main Menu ",     " E,C,P,S,X ", kMainButtons},
     {Menu::Estimate, "ESTIMATE", "pctEstMenu",     "cmdMENU2", "Estimate Menu ", " N,E,X ",     kEstimateButtons},
     {Menu::Customer, "CUSTOMER", "pctCustMenu",    "cmdMENU3", "Customer Menu ", " E,L,X ",     kCustomerButtons},
     {Menu::Print,    "PRINT",    "pctPrintMenu",   "cmdMENU4", "Print Menu ",    " W,E,L,C,X ", kPrintButtons},
-    {Menu::Utility,  "UTILITY",  "pctUtilityMenu", "cmdMENU5", "Utility Menu ",  " I,L,C,X ",   kUtilityButtons},
+    {Menu::Utility,  "UTILITY",  "pctUtilityMenu", "cmdMENU5", "Utility Menu ",  " I,L,C,X ",   kUtilityButtons, &kUtilityLink},
 }};
 // clang-format on
 
@@ -56,6 +58,9 @@ constexpr bool IsSound(const MenuPanel& panel) {
   for (std::size_t i = 0; i < panel.row.size(); ++i)
     for (std::size_t other = 0; other < i; ++other)
       if (panel.row[i].key != '\0' && panel.row[i].key == panel.row[other].key) return false;
+  if (panel.link != nullptr &&
+      std::any_of(panel.row.begin(), panel.row.end(), [&](const MenuButton& button) { return button.key == panel.link->key; }))
+    return false;
   const MenuChoice last = panel.row.back().choice;
   return last == (panel.menu == Menu::Main ? MenuChoice::LeaveProgram : MenuChoice::MainMenu);
 }
@@ -76,6 +81,7 @@ std::optional<std::size_t> ButtonForKey(const MenuPanel& panel, char32_t key) {
   if (upper < U'A' || upper > U'Z') return std::nullopt;
   for (std::size_t i = 0; i < panel.row.size(); ++i)
     if (static_cast<char32_t>(panel.row[i].key) == upper) return i;
+  if (panel.link != nullptr && static_cast<char32_t>(panel.link->key) == upper) return panel.row.size();
   return std::nullopt;
 }
 
@@ -122,6 +128,7 @@ void BeginChoice(MenuModes& modes, MenuChoice choice) {
     case MenuChoice::MaterialDefaults:
     case MenuChoice::Prices:
     case MenuChoice::WasteFactors:
+    case MenuChoice::Backups:
       break;
   }
 }

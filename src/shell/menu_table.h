@@ -29,6 +29,7 @@ enum class MenuChoice {
   MaterialDefaults,
   Prices,
   WasteFactors,
+  Backups,
 };
 
 struct MenuButton {
@@ -47,6 +48,7 @@ struct MenuPanel {
   std::string_view title;
   std::string_view hint;
   std::span<const MenuButton> row;
+  const MenuButton* link = nullptr;  // what is seldom needed: a plain line beside the buttons
 };
 
 /// In the order of `Menu`.
@@ -55,7 +57,7 @@ const std::array<MenuPanel, 5>& MenuPanels();
 /// The menu of that name, in any case; nothing where there is none.
 const MenuPanel* FindMenu(std::string_view name);
 
-/// The button that a letter, in any case, moves the focus to.
+/// The button that a letter, in any case, moves the focus to. The link counts as one behind the last.
 std::optional<std::size_t> ButtonForKey(const MenuPanel& panel, char32_t key);
 
 // Why a task was opened. The panel that opened it remembers.

@@ -19,4 +19,7 @@ void AddDataCommands(CLI::App& app, const CommandContext& context);
 /// `prices export` and `prices import`.
 void AddPriceCommands(CLI::App& app, const CommandContext& context);
 
+/// `backup` and `restore`.
+void AddBackupCommands(CLI::App& app, const CommandContext& context);
+
 }  // namespace norvale

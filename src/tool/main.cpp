@@ -52,6 +52,7 @@ int Run(int argc, char** argv) {
   AddExchangeCommands(app, context);
   AddDataCommands(app, context);
   AddPriceCommands(app, context);
+  AddBackupCommands(app, context);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {

@@ -105,6 +105,8 @@ TEST_F(frmMenuTest, LettersMoveTheFocusAndNothingElse) {
       EXPECT_EQ(Focus(), before) << row.menu << *key;
     }
   }
+  Keys("b");
+  EXPECT_EQ(Focus(), "cmdBackups");
   EXPECT_TRUE(tasks.empty());
   EXPECT_EQ(Shown(), "pctUtilityMenu:Utility Menu ");
 }
@@ -143,6 +145,7 @@ TEST_F(frmMenuTest, EachButtonRunsItsTaskAndComesBack) {
       {"Utility", "cmdMENU5_1", MenuChoice::MaterialDefaults, {}},
       {"Utility", "cmdMENU5_2", MenuChoice::Prices, {}},
       {"Utility", "cmdMENU5_3", MenuChoice::WasteFactors, {}},
+      {"Utility", "cmdBackups", MenuChoice::Backups, {}},
   };
   for (const auto& row : rows) {
     menu.ShowMenu(row.menu);
@@ -154,7 +157,7 @@ TEST_F(frmMenuTest, EachButtonRunsItsTaskAndComesBack) {
     EXPECT_EQ(Shown(), shown) << row.button;
     EXPECT_EQ(MenuOfModes(menu.Modes()).value_or(FindMenu(row.menu)->menu), FindMenu(row.menu)->menu) << row.button;
     EXPECT_EQ(menu.Modes().utility, UtilityMode::None) << row.button;
-    EXPECT_EQ(Focus(), std::string(row.button, 8) + "_0") << row.button;
+    EXPECT_EQ(Focus(), std::string(FindMenu(row.menu)->buttons) + "_0") << row.button;
     Key(Qt::Key_Escape);
     EXPECT_EQ(Shown(), "pctMainMenu:Main Menu ") << row.button;
     EXPECT_EQ(menu.Modes(), MenuModes{}) << row.button;

@@ -37,6 +37,13 @@ TEST(MenuTable, LettersMoveToTheirButtons) {
   }
 }
 
+// Behind the letters of its buttons the Utility menu has one for the link.
+TEST(MenuTable, TheLinkHasALetter) {
+  const MenuPanel& panel = *FindMenu("Utility");
+  EXPECT_EQ(ButtonForKey(panel, U'b'), panel.row.size());
+  EXPECT_EQ(ButtonForKey(*FindMenu("Main"), U'b'), std::nullopt);
+}
+
 // A letter far above the alphabet must not be taken for one within it.
 TEST(MenuTable, OtherScriptsAreNoKeys) {
   for (const char32_t key : {U'\u0445', U'\u0415', U'\u0105', U'1', U'{'}) EXPECT_EQ(ButtonForKey(MenuPanels()[0], key), std::nullopt);

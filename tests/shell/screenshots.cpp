@@ -39,6 +39,7 @@
 #include "prices/new_folder.h"
 #include "shell/frm_address.h"
 #include "shell/frm_menu.h"
+#include "shell/frm_restore.h"
 #include "shell/frm_start.h"
 #include "shell/status_line.h"
 #include "support/scratch_folder.h"
@@ -203,6 +204,17 @@ void TakeMaterials(Camera& camera, Program& program) {
   }
 }
 
+void TakeBackups(Camera& camera, Program& program) {
+  const auto day = std::chrono::local_days(std::chrono::year(2025) / 3 / 14) + std::chrono::hours(7) + std::chrono::minutes(52);
+  for (const int i : {0, 1, 2}) {
+    const std::vector<EstimateRecord> plans(static_cast<std::size_t>(i));
+    StoreAll(program.folder, {}, plans);
+    (void)MakeBackup(program.folder, i == 1 ? BackupReason::Change : BackupReason::Start, day + std::chrono::hours(3 * i));
+  }
+  frmRestore form(program);
+  camera.Take(form, "backup");
+}
+
 int Run(QApplication& app, const QStringList& words) {
   if (words.size() < 3) return std::fputs("norvale_screenshots DIR light|dark [POINTS]\n", stderr), 2;
   const bool isDark = words[2] == QLatin1String("dark");
@@ -300,6 +312,7 @@ int Run(QApplication& app, const QStringList& words) {
   }
   TakePrices(camera, program);
   TakeMaterials(camera, program);
+  TakeBackups(camera, program);
   frmHelp help(QStringLiteral("customers"));
   camera.Take(help, "help");
   return 0;

@@ -89,6 +89,18 @@ TEST_F(DataCommands, CheckTellsAndRepairMends) {
   EXPECT_EQ(Call("check --repair").status, 1);  // no repair for the other files, and no silence
 }
 
+TEST_F(DataCommands, BackupsAreMadeListedAndBroughtBack) {
+  const std::string made = Call("backup").out;
+  EXPECT_TRUE(made.ends_with("-hand  customers 2, plans 3\n")) << made;
+  const std::string plans = ReadBytes(scratch_ / "estimate.dbr");
+  EXPECT_EQ(Call("delete customer 3").status, 0);
+  EXPECT_EQ(Call("backup --list").out, made);
+  EXPECT_EQ(Call("restore " + made.substr(0, made.find(' '))).status, 0);
+  EXPECT_EQ(ReadBytes(scratch_ / "estimate.dbr"), plans);
+  EXPECT_TRUE(Call("backup --list").out.ends_with("-restore  customers 1, plans 3\n" + made));
+  EXPECT_EQ(Call("restore none").err, "norvale-tool: none: there is no backup of that name\n");
+}
+
 TEST_F(DataCommands, RebuildBringsLostIndexesBack) {
   const std::string customers = ReadBytes(scratch_ / "customer.ix");
   const std::string plans = ReadBytes(scratch_ / "estimate.ix");
