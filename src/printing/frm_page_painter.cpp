@@ -106,30 +106,42 @@ void PaintPage(QPainter& painter, const Document& document, std::size_t page, co
   painter.restore();
 }
 
-Painted PaintPages(QPainter& painter, QPagedPaintDevice& device, const Document& document, const PaperSetup& setup,
-                   const std::function<bool(std::size_t)>& goOn) {
+namespace {
+
+bool Paint(QPainter& painter, QPagedPaintDevice& device, const Document& document, const PaperSetup& setup, const GoOn& goOn) {
   const Cells cells = CellsOf(document, setup);
   painter.scale(device.logicalDpiX() / kPointsPerInch, device.logicalDpiY() / kPointsPerInch);
   for (std::size_t page = 0; page < document.pages.size(); ++page) {
-    if (!goOn(page)) return Painted::Stopped;
-    if (page > 0 && !device.newPage()) return Painted::Failed;
+    if (!goOn(page) || (page > 0 && !device.newPage())) return false;
     PaintPage(painter, document, page, cells, Marks::Hidden);
   }
-  return Painted::Whole;
+  return true;
 }
 
-std::string DocumentPdf(const Document& document, const PaperSetup& setup) {
+bool Always(std::size_t /*page*/) { return true; }
+
+}  // namespace
+
+bool PaintPages(QPainter& painter, QPagedPaintDevice& device, const Document& document, const PaperSetup& setup) {
+  return Paint(painter, device, document, setup, Always);
+}
+
+std::optional<std::string> DocumentPdf(const Document& document, const PaperSetup& setup, const GoOn& goOn) {
   QBuffer bytes;
   bytes.open(QIODevice::WriteOnly);
+  bool isWhole = false;
   {
     QPdfWriter pdf(&bytes);
     pdf.setTitle(TextOf(document.title));
     pdf.setCreator(QStringLiteral("Norvale"));
     pdf.setPageLayout(LayoutOf(setup));
     QPainter painter(&pdf);
-    PaintPages(painter, pdf, document, setup, [](std::size_t) { return true; });
+    isWhole = Paint(painter, pdf, document, setup, goOn);
   }
+  if (!isWhole) return std::nullopt;
   return bytes.data().toStdString();
 }
+
+std::string DocumentPdf(const Document& document, const PaperSetup& setup) { return *DocumentPdf(document, setup, Always); }
 
 }  // namespace norvale

@@ -8,6 +8,7 @@
 #include <QPointF>
 #include <QSizeF>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "printing/document.h"
@@ -51,14 +52,15 @@ enum class Marks { Hidden, Shown };
 /// marks are for the eye at the screen; paper shows none.
 void PaintPage(QPainter& painter, const Document& document, std::size_t page, const Cells& cells, Marks marks);
 
-enum class Painted { Whole, Stopped, Failed };
+/// Asked before each page, by its number from 0, whether to go on.
+using GoOn = std::function<bool(std::size_t)>;
 
-/// Paints page after page on a device on which `painter` has begun and whose origin is the corner of the sheet. `goOn` is
-/// asked before each page, by its number from 0. Failed: the device took a page no more.
-Painted PaintPages(QPainter& painter, QPagedPaintDevice& device, const Document& document, const PaperSetup& setup,
-                   const std::function<bool(std::size_t)>& goOn);
+/// Paints page after page on a device on which `painter` has begun and whose origin is the corner of the sheet. Returns
+/// whether the device took them all.
+bool PaintPages(QPainter& painter, QPagedPaintDevice& device, const Document& document, const PaperSetup& setup);
 
-/// The document as a PDF file, its text as text.
+/// The document as a PDF file, its text as text; nothing where `goOn` has said no.
+std::optional<std::string> DocumentPdf(const Document& document, const PaperSetup& setup, const GoOn& goOn);
 std::string DocumentPdf(const Document& document, const PaperSetup& setup);
 
 }  // namespace norvale

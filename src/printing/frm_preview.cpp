@@ -82,6 +82,12 @@ void PageView::GoToPage(int page) {
   verticalScrollBar()->setValue(static_cast<int>(TopOf(std::clamp(page, 0, std::max(0, PageCount() - 1)))) - kGap);
 }
 
+QRectF PageView::SheetRect(int page) const {
+  const QSizeF sheet = SheetSize();
+  const qreal left = std::max<qreal>(kGap, (viewport()->width() - sheet.width()) / 2) - horizontalScrollBar()->value();
+  return {QPointF(std::floor(left), std::floor(TopOf(page) - verticalScrollBar()->value())), sheet};
+}
+
 void PageView::LayOut() {
   const QSizeF room = QSizeF(viewport()->size()) - QSizeF(2 * kGap, 2 * kGap);
   const QSizeF whole = cells_.sheet * kPixelsPerPoint;
@@ -105,10 +111,8 @@ void PageView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(viewport());
   painter.fillRect(viewport()->rect(), palette().color(QPalette::Dark));
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-  const QSizeF sheet = SheetSize();
-  const qreal left = std::max<qreal>(kGap, (viewport()->width() - sheet.width()) / 2) - horizontalScrollBar()->value();
   for (int page = 0; page < PageCount(); ++page) {
-    const QRectF place(QPointF(std::floor(left), std::floor(TopOf(page) - verticalScrollBar()->value())), sheet);
+    const QRectF place = SheetRect(page);
     if (place.bottom() < 0) continue;
     if (place.top() > viewport()->height()) break;
     painter.fillRect(place, Qt::white);

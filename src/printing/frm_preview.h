@@ -36,6 +36,9 @@ class PageView : public QAbstractScrollArea {
   [[nodiscard]] int CurrentPage() const;
   void GoToPage(int page);
 
+  /// Where the sheet of a page stands in the viewport now, in pixels; it may be out of sight.
+  [[nodiscard]] QRectF SheetRect(int page) const;
+
  signals:
   void PageChanged();
   void ZoomChanged();

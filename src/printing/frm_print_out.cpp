@@ -93,6 +93,7 @@ void SavePrints(Program& program, const Prints& prints, const PaperSetup& paper,
   dialog.setObjectName(QStringLiteral("frmSaveAs"));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);  // it would ask for the name before its ending
   QStringList filters;
   for (const FormatInfo& info : kFormats)
     if (info.format != SaveFormat::Csv || !prints.csv.empty()) filters.append(QString::fromLatin1(info.filter));
@@ -108,22 +109,22 @@ void SavePrints(Program& program, const Prints& prints, const PaperSetup& paper,
   dialog.setDefaultSuffix(QString::fromLatin1(kFormats[0].suffix));
   dialog.setDirectory(LoadSaveFolder());
   dialog.selectFile(FileNameOf(prints.document) + QStringLiteral(".pdf"));
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
 
-  const FormatInfo& format = FormatOf(dialog.selectedNameFilter());
-  QString file = dialog.selectedFiles().front();
-  // The ending belongs to the format: no file of another kind is ever written over by mistake.
-  if (const QString ending = QLatin1Char('.') + QString::fromLatin1(format.suffix); !file.endsWith(ending, Qt::CaseInsensitive)) {
-    file += ending;
-    if (QFileInfo::exists(file)) {
-      const std::string question = "2 " + WithoutBars(Typed(QFileInfo(file).fileName())) + " is there already. Replace it?|Save As";
-      if (program.messages.ShowMessage(question) != Answer::Yes) return;
-    }
-  }
-  Try(program.messages, [&] {
-    ReplaceFile(program.folder.Files(), std::filesystem::path(file.toStdU16String()), BytesOf(prints, format.format, paper));
+  while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+    const FormatInfo& format = FormatOf(dialog.selectedNameFilter());
+    QString file = dialog.selectedFiles().front();
+    // The ending belongs to the format: no file of another kind is ever written over by mistake.
+    if (const QString ending = QLatin1Char('.') + QString::fromLatin1(format.suffix); !file.endsWith(ending, Qt::CaseInsensitive))
+      file += ending;
+    const std::string question = "2 " + WithoutBars(Typed(QFileInfo(file).fileName())) + " is there already. Replace it?|Save As";
+    if (QFileInfo::exists(file) && program.messages.ShowMessage(question) != Answer::Yes) continue;
+    const bool isSaved = Try(program.messages, [&] {
+      ReplaceFile(program.folder.Files(), std::filesystem::path(file.toStdU16String()), BytesOf(prints, format.format, paper));
+    });
+    if (!isSaved) continue;
     SaveSaveFolder(QFileInfo(file).absolutePath());
-  });
+    return;
+  }
 }
 
 }  // namespace norvale

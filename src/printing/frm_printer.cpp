@@ -55,10 +55,6 @@ class Spooler {
   const char* (*lastErrorString_)();
 };
 
-std::string NameOf(const QPrinter& printer) {
-  return printer.printerName().isEmpty() ? "The printer" : "The printer " + Typed(printer.printerName());
-}
-
 // Its own button reads "Print", which it does not do here.
 void NameButtons(QPrintDialog& dialog) {
   auto* const buttons = dialog.findChild<QDialogButtonBox*>();
@@ -102,7 +98,6 @@ bool SystemPrinters::HasAny() const { return !QPrinterInfo::availablePrinterName
 QPrinter& SystemPrinters::PrinterOf(const PrintSetup& setup) {
   if (printer_ == nullptr) {
     printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    // One that has been taken away since is not printed on in silence, and nor is another one in its place.
     if (!setup.printer.isEmpty()) printer_->setPrinterName(setup.printer);
   }
   printer_->setPageLayout(LayoutOf(setup.paper));
@@ -110,21 +105,24 @@ QPrinter& SystemPrinters::PrinterOf(const PrintSetup& setup) {
   return *printer_;
 }
 
-PrintOutcome SystemPrinters::Print(const Document& document, const PrintSetup& setup, const std::function<bool(std::size_t)>& goOn) {
-  QPrinter& printer = PrinterOf(setup);
-  const auto failed = [&printer](const std::string& reason) {
-    return PrintOutcome{.end = PrintEnd::Failed, .copies = 0, .reason = NameOf(printer) + " cannot be used: " + reason + "."};
+PrintOutcome SystemPrinters::Print(const Document& document, const PrintSetup& setup, const GoOn& goOn) {
+  const std::string name = setup.printer.isEmpty() ? "The printer" : "The printer " + Typed(setup.printer);
+  const auto failed = [&name](const std::string& reason) {
+    return PrintOutcome{.end = PrintEnd::Failed, .copies = 0, .reason = name + " cannot be used: " + reason + "."};
   };
-  if (!printer.isValid()) return failed("it is not installed any more");
+  // One that has been taken away since is not printed on in silence, and nor is another one in its place.
+  if (!setup.printer.isEmpty() && QPrinterInfo::printerInfo(setup.printer).isNull()) return failed("it is not installed any more");
+  // A job that has begun cannot be taken back on every system, so the pages are made once for nobody, who can be stopped.
+  if (!DocumentPdf(document, setup.paper, goOn)) return {.end = PrintEnd::Stopped, .copies = 0, .reason = {}};
+
+  QPrinter& printer = PrinterOf(setup);
   printer.setDocName(Shown(ToUtf8(document.title)));
   printer.setCreator(QStringLiteral("Norvale"));
   QPainter painter;
   if (!painter.begin(&printer)) return failed("it does not answer");
-  const Painted painted = PaintPages(painter, printer, document, setup.paper, goOn);
-  if (painted != Painted::Whole) printer.abort();
+  const bool isWhole = PaintPages(painter, printer, document, setup.paper);
   const bool isClosed = painter.end();
-  if (painted == Painted::Stopped) return {.end = PrintEnd::Stopped, .copies = 0, .reason = {}};
-  if (painted == Painted::Failed || !isClosed || printer.printerState() == QPrinter::Error) return failed("it stopped taking pages");
+  if (!isWhole || !isClosed || printer.printerState() == QPrinter::Error) return failed("it stopped taking pages");
   if (printer.outputFormat() == QPrinter::NativeFormat)
     if (const std::string refusal = Spooler().Refusal(); !refusal.empty()) return failed(refusal);
   return {.end = PrintEnd::Done, .copies = 1, .reason = {}};

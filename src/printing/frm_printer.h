@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QString>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -48,9 +47,8 @@ class Printers {
   /// Whether there is any printer to print on.
   [[nodiscard]] virtual bool HasAny() const = 0;
 
-  /// Prints the document once, as a job of its own. `goOn` is asked before each page, by its number from 0; on no, the job
-  /// is taken back.
-  virtual PrintOutcome Print(const Document& document, const PrintSetup& setup, const std::function<bool(std::size_t)>& goOn) = 0;
+  /// Prints the document once, as a job of its own. Where `goOn` says no, nothing of it comes out.
+  virtual PrintOutcome Print(const Document& document, const PrintSetup& setup, const GoOn& goOn) = 0;
 
   /// Lets the operator choose a printer and its paper. Returns whether he did; `copies` is changed where he set it there.
   virtual bool Choose(PrintSetup& setup, int& copies, QWidget* parent) = 0;
@@ -62,7 +60,7 @@ class SystemPrinters final : public Printers {
   ~SystemPrinters() override;
 
   [[nodiscard]] bool HasAny() const override;
-  PrintOutcome Print(const Document& document, const PrintSetup& setup, const std::function<bool(std::size_t)>& goOn) override;
+  PrintOutcome Print(const Document& document, const PrintSetup& setup, const GoOn& goOn) override;
   bool Choose(PrintSetup& setup, int& copies, QWidget* parent) override;
 
  private:

@@ -19,7 +19,7 @@ class RecordingPrinters final : public Printers {
 
   [[nodiscard]] bool HasAny() const override { return hasAny; }
 
-  PrintOutcome Print(const Document& document, const PrintSetup& /*setup*/, const std::function<bool(std::size_t)>& goOn) override {
+  PrintOutcome Print(const Document& document, const PrintSetup& /*setup*/, const GoOn& goOn) override {
     if (begun++ == failingCopy) return {.end = PrintEnd::Failed, .copies = 0, .reason = "The printer Front desk cannot be used: no paper."};
     for (std::size_t page = 0; page < document.pages.size(); ++page) {
       if (!goOn(page)) return {.end = PrintEnd::Stopped, .copies = 0, .reason = {}};
