@@ -26,4 +26,21 @@ void PrintDispatch(Program& program, PrintKind kind, const PlanForm* form, QWidg
   }
 }
 
+void PrintPriceList(Program& program, const PriceList& prices, QWidget* parent) {
+  SystemPrinters printers;
+  PrintPriceList(program, prices, parent, printers);
+}
+
+void PrintPriceList(Program& program, const PriceList& prices, QWidget* parent, Printers& printers) {
+  const Prints prints = MakePriceListPrints(prices, program.session, TodayOnPaper());
+  if (!prints.refusal.empty()) {
+    program.messages.ShowMessage(WithTitle(prints.refusal));
+    return;
+  }
+  PrintSetup setup = LoadPrintSetup();
+  // A print that failed leaves the pages in sight, to be tried again or saved.
+  while (ShowPreview(program, prints, setup, printers, parent) && !PrintOut(program, prints, 1, setup, printers, parent)) {
+  }
+}
+
 }  // namespace norvale

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/program.h"
+#include "prices/price_list.h"
 #include "printing/frm_printer.h"
 #include "printing/print_selection.h"
 
@@ -16,5 +17,9 @@ void PrintDispatch(Program& program, PrintKind kind, const PlanForm* form, QWidg
 
 /// The same with printers of the caller's.
 void PrintDispatch(Program& program, PrintKind kind, const PlanForm* form, QWidget* parent, Printers& printers);
+
+/// Shows the price list as it comes out on paper, and prints it from there.
+void PrintPriceList(Program& program, const PriceList& prices, QWidget* parent);
+void PrintPriceList(Program& program, const PriceList& prices, QWidget* parent, Printers& printers);
 
 }  // namespace norvale

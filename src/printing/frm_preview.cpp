@@ -300,6 +300,7 @@ QLayout* frmPreview::MakeFoot(bool hasMarks) {
     return made;
   };
   auto* const cmdPrint = button("cmdPrint", tr("&Print"), tr("Print"));
+  cmdPrint->setDefault(true);
   connect(cmdPrint, &QPushButton::clicked, this, [this] {
     if (actions_.print(this)) accept();
   });

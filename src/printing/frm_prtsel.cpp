@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QFocusEvent>
 #include <QGroupBox>
 #include <QLabel>
@@ -26,6 +27,7 @@ namespace norvale {
 namespace {
 
 constexpr std::array<const char*, 3> kWorkSheets = {"Both", "Specifications", "Measurements"};
+constexpr std::array<const char*, 3> kLists = {"Itemized list", "Order summary by yard section", "Order summary in list order"};
 
 // A check or option box in which Enter is the default button's.
 void LeaveEnterToDefault(QWidget* control) { control->setProperty(kTakesEnter, true); }
@@ -236,16 +238,37 @@ QLayout* frmPrtSel::MakeCopies() {
   txtPrintCopies_->setMaxLength(3);
   txtPrintCopies_->setMaximumWidth(fontMetrics().averageCharWidth() * 8);
   txtPrintCopies_->installEventFilter(this);
-  auto* const label = new QLabel(QStringLiteral("&Copies:"), this);
-  label->setBuddy(txtPrintCopies_);
+  auto* const lblCopies = new QLabel(QStringLiteral("&Copies:"), this);
+  lblCopies->setBuddy(txtPrintCopies_);
+  cboList_ = new QComboBox(this);
+  cboList_->setObjectName(QStringLiteral("cboList"));
+  cboList_->setAccessibleName(tr("List"));
+  for (const char* const list : kLists) cboList_->addItem(QString::fromLatin1(list));
+  auto* const lblList = new QLabel(tr("&List:"), this);
+  lblList->setBuddy(cboList_);
+  lblPrinter_ = new QLabel(this);
+  lblPrinter_->setObjectName(QStringLiteral("lblPrinter"));
+  lblPrinter_->setTextFormat(Qt::PlainText);
+  lblPrinter_->setProperty("role", QStringLiteral("quiet"));
+  ShowPrinter();
   auto* const row = new QHBoxLayout;
-  row->addWidget(label);
+  const int space = fontMetrics().height();
+  row->setSpacing(space / 2);
+  row->addWidget(lblCopies);
   row->addWidget(txtPrintCopies_);
+  row->addSpacing(space);
+  row->addWidget(lblList);
+  row->addWidget(cboList_);
   row->addStretch();
-  // Only an estimate is printed in copies.
-  label->setVisible(kind_ == PrintKind::Estimate);
-  txtPrintCopies_->setVisible(kind_ == PrintKind::Estimate);
+  row->addWidget(lblPrinter_);
+  // Only an estimate is printed in copies, and only it has a summary.
+  for (QWidget* const control : std::initializer_list<QWidget*>{lblCopies, txtPrintCopies_, lblList, cboList_})
+    control->setVisible(kind_ == PrintKind::Estimate);
   return row;
+}
+
+void frmPrtSel::ShowPrinter() {
+  lblPrinter_->setText(setup_.printer.isEmpty() ? tr("Printer: the system's own") : tr("Printer: %1").arg(setup_.printer));
 }
 
 QLayout* frmPrtSel::MakeButtons() {
@@ -299,8 +322,11 @@ PrintRequest frmPrtSel::Request() const {
   PrintRequest request;
   request.kind = kind_;
   if (kind_ == PrintKind::Estimate) request.sections = PrintSections(Boxes());
+  request.paper = static_cast<EstimatePaper>(cboList_->currentIndex());
   request.range = RangeOf(Range());
   request.planType = PlanTypeOf(planChecks_);
+  const auto chosen = std::ranges::find_if(optWorkSheet_, [](const QRadioButton* option) { return option->isChecked(); });
+  request.worksheet = static_cast<WorksheetKind>(chosen - optWorkSheet_.begin());
   return request;
 }
 
@@ -428,6 +454,7 @@ void frmPrtSel::SelectPrinter() {
   if (!printers_.Choose(setup_, copies, this)) return;
   txtPrintCopies_->setText(QString::number(std::max(1, copies)));
   SavePrintSetup(setup_);
+  ShowPrinter();
 }
 
 void frmPrtSel::Preview() {

@@ -57,6 +57,7 @@ class frmPrtSel : public QDialog {
   void TogglePlanDesc(std::size_t index);
   void ShowPlanDesc();
   void ShowUnpriced();
+  void ShowPrinter();
   void SelectPrinter();
   void Preview();
   void SaveAs();
@@ -74,6 +75,7 @@ class frmPrtSel : public QDialog {
   QLabel* lblUnpriced_ = nullptr;
   QTreeWidget* lstUnpriced_ = nullptr;
   QComboBox* cboList_ = nullptr;
+  QLabel* lblPrinter_ = nullptr;
   QRadioButton* optCustAll_ = nullptr;
   QRadioButton* optCustSel_ = nullptr;
   QLineEdit* txtCustFrom_ = nullptr;

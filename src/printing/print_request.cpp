@@ -1,7 +1,10 @@
 #include "printing/print_request.h"
 
 #include "data/folder_reader.h"
+#include "entry/plan_form.h"
 #include "printing/estimate_output.h"
+#include "printing/order_summary.h"
+#include "printing/price_list_print.h"
 
 namespace norvale {
 
@@ -15,18 +18,28 @@ CustomerRecord CustomerOfPlan(const DataFolder& folder, const Session& session) 
 }
 
 Prints MakeEstimate(const DataFolder& folder, const Session& session, const PrintRequest& request, const std::string& date) {
+  const bool withPrices = (request.sections & kWithPrices) != 0;
+  const bool isSummary = request.paper != EstimatePaper::ItemisedList;
   EstimatePrint print;
   print.plan = session.CurrentEstimate;
   print.company = session.CompanyRecord;
   print.customer = CustomerOfPlan(folder, session);
   print.date = date;
-  print.sectionMask = request.sections;
-  const TakeoffData data = LoadTakeoffData(folder.Folder(), request.sections);
+  // A summary gathers by the price list's entries even where no price is to be shown.
+  print.sectionMask = isSummary ? request.sections | kWithPrices : request.sections;
+  const TakeoffData data = LoadTakeoffData(folder.Folder(), print.sectionMask);
   EstimateDocument made = MakeEstimateDocument(print, data);
   Prints prints;
-  if ((request.sections & kWithPrices) != 0) prints.unpriced = UnpricedLines(made.totals.lines);
-  prints.csv = EstimateTable(made.totals.lines).Csv();
-  prints.document = std::move(made.document);
+  if (withPrices) prints.unpriced = UnpricedLines(made.totals.lines);
+  if (isSummary) {
+    const OrderSummary summary =
+        Summarise(made.totals, request.paper == EstimatePaper::SummaryByYard ? SummaryOrder::YardSections : SummaryOrder::FirstAppearance);
+    prints.document = OrderSummaryDocument(print, summary, withPrices);
+    prints.csv = OrderSummaryTable(summary, withPrices).Csv();
+  } else {
+    prints.document = std::move(made.document);
+    prints.csv = EstimateTable(made.totals.lines).Csv();
+  }
   return prints;
 }
 
@@ -52,6 +65,18 @@ Prints MakeEstimateList(const DataFolder& folder, CustomerRange range) {
   return prints;
 }
 
+Prints MakeBlankWorksheet(const DataFolder& folder, const PrintRequest& request) {
+  const std::vector<ScreenLine> lines = LoadScreenLines(folder.Folder());
+  const std::vector<MaterialRow> rows = LoadMaterialRows(folder.Folder());
+  Prints prints;
+  prints.refusal = RefusalOfPlan(lines, rows);
+  if (!prints.refusal.empty()) return prints;
+  const Worksheet worksheet = MakeWorksheet(request.planType, request.worksheet, lines, rows);
+  prints.document = WorksheetDocument(worksheet);
+  prints.csv = WorksheetTable(worksheet).Csv();
+  return prints;
+}
+
 }  // namespace
 
 Prints MakePrints(const DataFolder& folder, const Session& session, const PrintRequest& request, const std::string& date) {
@@ -65,7 +90,15 @@ Prints MakePrints(const DataFolder& folder, const Session& session, const PrintR
     case PrintKind::Worksheet:
       break;
   }
-  return {.document = {}, .unpriced = {}, .csv = {}, .refusal = "0 Printing worksheets is not part of this version of Norvale yet.|"};
+  return MakeBlankWorksheet(folder, request);
+}
+
+Prints MakePriceListPrints(const PriceList& prices, const Session& session, const std::string& date) {
+  Prints prints;
+  prints.document = PriceListDocument(prices.Items(), session.CompanyRecord.CustomerName.Trimmed(), date);
+  prints.csv = PriceListTable(prices.Items()).Csv();
+  if (prints.document.pages.empty()) prints.refusal = "0 The price list has no items!|";
+  return prints;
 }
 
 }  // namespace norvale

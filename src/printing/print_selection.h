@@ -83,7 +83,7 @@ int DefaultSections(const EstimateRecord& plan);
 /// The largest customer number that can be typed, and what " LAST" stands for.
 inline constexpr int kLastCustomer = 32767;
 
-/// The range as the boxes hold it. Print All takes the company as well, whose plans have no other list.
+/// The range as the boxes hold it. Print All takes the company's own plans as well, which no number can be typed for.
 struct RangeBoxes {
   bool isAll = true;
   std::string txtCustFrom = " 1";

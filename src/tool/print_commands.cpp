@@ -9,6 +9,7 @@
 #include "prices/price_csv.h"
 #include "printing/estimate_document.h"
 #include "printing/estimate_output.h"
+#include "printing/frm_pdf.h"
 #include "printing/lists.h"
 #include "printing/order_summary.h"
 #include "printing/price_list_print.h"
@@ -31,20 +32,27 @@ struct OutputCall {
 };
 
 void AddOutputOptions(CLI::App* command, OutputCall& call) {
-  command->add_option("--format", call.format, "text, csv or json")->check(CLI::IsMember({"text", "csv", "json"}));
+  command->add_option("--format", call.format, "text, pdf, csv or json")->check(CLI::IsMember({"text", "pdf", "csv", "json"}));
   command->add_option("--output", call.output, "The file to write; standard output without it");
 }
 
-// The pages of a list as a file.
-std::string DocumentFile(const Document& document) { return DocumentText(document); }
+#ifdef NORVALE_PDF
+std::string PdfOf(const Document& document) { return PdfWithoutScreen(document); }
+#else
+std::string PdfOf(const Document& /*document*/) {
+  throw CommandError("--format pdf", "this norvale-tool was built without Qt, which makes the PDFs");
+}
+#endif
 
 void DeliverList(const OutputCall& call, const std::function<Document()>& document, const std::function<Table()>& table) {
   if (call.format == "csv")
     Deliver(table().Csv(), call.output);
   else if (call.format == "json")
     Deliver(table().Json(), call.output);
+  else if (call.format == "pdf")
+    Deliver(PdfOf(document()), call.output);
   else
-    Deliver(DocumentFile(document()), call.output);
+    Deliver(DocumentText(document()), call.output);
 }
 
 // --- Lists of one plan

@@ -119,6 +119,21 @@ TEST_F(Tool, FailuresAreOneLineAndPrintNothing) {
   EXPECT_EQ(full.err.substr(0, 31), "norvale-tool: standard output: ");
 }
 
+TEST_F(Tool, EveryListCanBeAPdf) {
+  for (const char* list :
+       {"estimate --customer 7 --plan A", "summary --customer 7 --plan A", "customers", "estimates", "worksheet --plan-type 8", "prices"}) {
+    const Outcome outcome = Do("print " + std::string(list) + " --format pdf");
+#ifdef NORVALE_PDF
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.out.substr(0, 5), "%PDF-") << list;
+    EXPECT_EQ(outcome.err, "") << list;
+#else
+    EXPECT_EQ(outcome.status, 1) << list;
+    EXPECT_EQ(outcome.err, "norvale-tool: --format pdf: this norvale-tool was built without Qt, which makes the PDFs\n");
+#endif
+  }
+}
+
 TEST_F(Tool, WrongWordsTellTheUsage) {
   for (const char* words : {"",
                             "prin",
