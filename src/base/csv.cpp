@@ -9,6 +9,7 @@ namespace norvale {
 
 namespace {
 
+constexpr std::size_t kRowsBetweenReports = 1000;
 constexpr char32_t kReplacement = 0xFFFD;
 
 bool IsUtf8(std::string_view bytes) {
@@ -87,7 +88,8 @@ class CsvReader {
  public:
   CsvReader(std::string_view text, char separator) : text_(text), separator_(separator) {}
 
-  bool AtEnd() const { return at_ >= text_.size(); }
+  [[nodiscard]] bool AtEnd() const { return at_ >= text_.size(); }
+  [[nodiscard]] double Done() const { return static_cast<double>(at_) / static_cast<double>(text_.size()); }
 
   CsvRow Row() {
     CsvRow row;
@@ -168,13 +170,14 @@ std::string DecodeText(std::string_view bytes) {
   return IsUtf8(bytes) ? std::string(bytes) : ToUtf8(bytes);
 }
 
-CsvTable ReadCsv(std::string_view utf8) {
+CsvTable ReadCsv(std::string_view utf8, const Progress& progress) {
   const bool saysSeparator = utf8.size() > 4 && UpperCase(utf8.substr(0, 4)) == "SEP=" && (utf8.size() == 5 || IsLineEnd(utf8[5]));
   CsvTable table;
   table.separator = saysSeparator ? utf8[4] : SeparatorOf(utf8);
   CsvReader reader(utf8, table.separator);
   if (saysSeparator) (void)reader.Row();
   while (!reader.AtEnd()) {
+    if (progress && table.rows.size() % kRowsBetweenReports == 0) progress(reader.Done());
     CsvRow row = reader.Row();
     const auto isBlank = [](const std::string& cell) { return Trim(cell).empty(); };
     if (!std::all_of(row.cells.begin(), row.cells.end(), isBlank)) table.rows.push_back(std::move(row));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -14,6 +15,9 @@ class CsvError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+/// Is told from time to time how much is done, from 0 to 1. It may throw, to give up.
+using Progress = std::function<void(double done)>;
 
 /// One row; rows without any text are left out of a table.
 struct CsvRow {
@@ -35,7 +39,7 @@ std::string DecodeText(std::string_view bytes);
 /// Reads a table (UTF-8) whose cells are parted by commas, semicolons or tabs, whichever its first row holds most of; a first
 /// line `sep=;` decides as well. Cells may be quoted; a quotation mark anywhere else is an inch mark. Lines end with CR LF, LF
 /// or CR. Throws CsvError where a quoted cell does not end.
-CsvTable ReadCsv(std::string_view utf8);
+CsvTable ReadCsv(std::string_view utf8, const Progress& progress = {});
 
 /// The cell as it stands in comma-separated values: quoted where it must be.
 std::string CsvCell(std::string_view utf8);

@@ -17,6 +17,7 @@
 #include "base/text.h"
 #include "desktop/frm_keys.h"
 #include "desktop/frm_look.h"
+#include "desktop/frm_progress.h"
 #include "desktop/frm_text.h"
 
 namespace norvale {
@@ -132,7 +133,7 @@ frmPricePreview::frmPricePreview(const QString& heading, const std::vector<Price
 frmPricePreview::frmPricePreview(const QString& heading, const std::vector<PriceItem>& items, const PriceCsv& csv, QWidget* parent)
     : QDialog(parent), items_(items), csv_(&csv) {
   MakeForm(heading);
-  Recompute();
+  Match();
 }
 
 void frmPricePreview::MakeForm(const QString& heading) {
@@ -195,7 +196,8 @@ void frmPricePreview::MakeOptions(QVBoxLayout* layout) {
   lblMatch->setBuddy(cboMatch_);
   if (csv_->Has(PriceColumn::Description)) cboMatch_->addItem(tr("Description"), static_cast<int>(PriceMatch::Description));
   if (csv_->Has(PriceColumn::Sku)) cboMatch_->addItem(tr("SKU"), static_cast<int>(PriceMatch::Sku));
-  cboMatch_->setCurrentIndex(cboMatch_->findData(static_cast<int>(BestMatch(*csv_, items_))));
+  frmProgress progress(tr("Comparing the file with the price list"), parentWidget());
+  cboMatch_->setCurrentIndex(cboMatch_->findData(static_cast<int>(BestMatch(*csv_, items_, progress.Report()))));
   chkZero_ = new QCheckBox(tr("Blank and &zero prices too"), this);
   chkZero_->setObjectName(QStringLiteral("chkZero"));
   chkTexts_ = new QCheckBox(tr("SKUs and optional &descriptions too"), this);
@@ -208,9 +210,9 @@ void frmPricePreview::MakeOptions(QVBoxLayout* layout) {
   row->addWidget(chkTexts_);
   row->addStretch();
   layout->addLayout(row);
-  connect(cboMatch_, &QComboBox::currentIndexChanged, this, &frmPricePreview::Recompute);
-  connect(chkZero_, &QCheckBox::toggled, this, &frmPricePreview::Recompute);
-  connect(chkTexts_, &QCheckBox::toggled, this, &frmPricePreview::Recompute);
+  connect(cboMatch_, &QComboBox::currentIndexChanged, this, &frmPricePreview::MatchAgain);
+  connect(chkZero_, &QCheckBox::toggled, this, &frmPricePreview::MatchAgain);
+  connect(chkTexts_, &QCheckBox::toggled, this, &frmPricePreview::MatchAgain);
   if (csv_->unused.empty()) return;
   QStringList unused;
   for (const std::string& caption : csv_->unused) unused.append(Shown(caption));
@@ -244,12 +246,21 @@ void frmPricePreview::AddPage(const char* name, RowsModel* model, int widestColu
   tabs_->addTab(table, QString());
 }
 
-void frmPricePreview::Recompute() {
+void frmPricePreview::Match() {
   const ImportOptions options{.match = static_cast<PriceMatch>(cboMatch_->currentData().toInt()),
                               .zeroPrices = chkZero_->isChecked(),
                               .texts = chkTexts_->isChecked()};
-  update_ = PreviewImport(*csv_, items_, options);
+  frmProgress progress(tr("Comparing the file with the price list"), isVisible() ? this : parentWidget());
+  update_ = PreviewImport(*csv_, items_, options, progress.Report());
   ShowUpdate();
+}
+
+void frmPricePreview::MatchAgain() {
+  try {
+    Match();
+  } catch (const GivenUp&) {
+    reject();  // what is shown no longer goes with what is ticked
+  }
 }
 
 void frmPricePreview::ShowUpdate() {

@@ -25,6 +25,7 @@ class frmPricePreview : public QDialog {
   frmPricePreview(const QString& heading, const std::vector<PriceItem>& items, PriceUpdate update, QWidget* parent = nullptr);
 
   /// The import of a file: how its rows are matched and what is taken can be chosen. `csv` and `items` must outlive the form.
+  /// Throws GivenUp where the operator has not waited for a file of very many rows.
   frmPricePreview(const QString& heading, const std::vector<PriceItem>& items, const PriceCsv& csv, QWidget* parent = nullptr);
 
   /// What is to be changed when the form has been accepted.
@@ -34,7 +35,8 @@ class frmPricePreview : public QDialog {
   void MakeForm(const QString& heading);
   void MakeOptions(QVBoxLayout* layout);
   void AddPage(const char* name, RowsModel* model, int widestColumn);
-  void Recompute();
+  void Match();  // throws GivenUp
+  void MatchAgain();
   void ShowUpdate();
 
   const std::vector<PriceItem>& items_;

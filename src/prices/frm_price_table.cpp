@@ -18,6 +18,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "desktop/frm_keys.h"
+#include "desktop/frm_progress.h"
 #include "desktop/frm_text.h"
 #include "prices/frm_price_entry.h"
 #include "prices/frm_price_preview.h"
@@ -344,9 +345,13 @@ void frmPriceTable::Import() {
   Try(program_.messages, [&] {
     const std::string bytes = ReadWholeFile(Typed(path));
     try {
-      const PriceCsv csv = ReadPriceCsv(bytes);
+      frmProgress progress(tr("Reading %1").arg(FileName(path)), this);
+      const PriceCsv csv = ReadPriceCsv(bytes, progress.Report());
+      progress.close();
       frmPricePreview preview(tr("Prices from %1").arg(FileName(path)), prices_.Items(), csv, this);
       if (preview.exec() == QDialog::Accepted) Apply("The import of " + Typed(FileName(path)), preview.Update());
+    } catch (const GivenUp&) {
+      Say(tr("The import was given up; nothing has changed."));
     } catch (const CsvError& error) {
       program_.messages.ShowMessage(Notice(Typed(FileName(path)) + ": " + error.what()));
     }

@@ -12,6 +12,8 @@ namespace norvale {
 
 namespace {
 
+constexpr std::size_t kRowsBetweenReports = 1000;
+
 // ---- cells ----
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
@@ -36,6 +38,14 @@ std::string_view TextIn(const PriceCsv& csv, const CsvRow& row, PriceColumn colu
   const auto cell = csv.cellOf[static_cast<std::size_t>(column)];
   if (!cell || *cell >= row.cells.size()) return {};
   return WithoutGuard(Stripped(std::string_view(row.cells[*cell]), kBlanks));
+}
+
+template <typename Use>
+void ForEachRow(const PriceCsv& csv, const Progress& progress, Use use) {
+  for (std::size_t i = 0; i < csv.rows.size(); ++i) {
+    if (progress && i % kRowsBetweenReports == 0) progress(static_cast<double>(i) / static_cast<double>(csv.rows.size()));
+    use(csv.rows[i]);
+  }
 }
 
 // ---- numbers ----
@@ -198,10 +208,11 @@ class Import {
   Import(const PriceCsv& csv, const std::vector<PriceItem>& items, const ImportOptions& options)
       : csv_(csv), items_(items), options_(options), named_(ItemsNamed(items, options.match)) {}
 
-  PriceUpdate Preview() {
-    std::map<std::string, std::vector<const CsvRow*>> rowsOf;
-    for (const CsvRow& row : csv_.rows)
+  PriceUpdate Preview(const Progress& progress) {
+    std::map<std::string, std::vector<const CsvRow*>> rowsOf;  // of items in the list, so there are not many
+    ForEachRow(csv_, progress, [&](const CsvRow& row) {
       if (const auto name = NameIn(row)) rowsOf[*name].push_back(&row);
+    });
     for (const auto& [name, rows] : rowsOf)
       if (const CsvRow* const row = OnlyRow(rows)) TakeRow(*row, named_.at(name));
     std::stable_sort(update_.changes.begin(), update_.changes.end(),
@@ -379,8 +390,8 @@ std::string ExportPrices(const std::vector<PriceItem>& items) {
   return csv;
 }
 
-PriceCsv ReadPriceCsv(std::string_view bytes) {
-  CsvTable table = ReadCsv(DecodeText(bytes));
+PriceCsv ReadPriceCsv(std::string_view bytes, const Progress& progress) {
+  CsvTable table = ReadCsv(DecodeText(bytes), progress);
   if (table.rows.empty()) throw CsvError("the file is empty");
   PriceCsv csv;
   TakeHeading(csv, table.rows.front());
@@ -396,22 +407,27 @@ PriceCsv ReadPriceCsv(std::string_view bytes) {
   return csv;
 }
 
-PriceMatch BestMatch(const PriceCsv& csv, const std::vector<PriceItem>& items) {
+PriceMatch BestMatch(const PriceCsv& csv, const std::vector<PriceItem>& items, const Progress& progress) {
   if (!csv.Has(PriceColumn::Description)) return PriceMatch::Sku;
-  const auto found = [&](PriceMatch match) {
-    const ItemsByName named = ItemsNamed(items, match);
-    return std::count_if(csv.rows.begin(), csv.rows.end(), [&](const CsvRow& row) {
-      const auto name = FromUtf8(TextIn(csv, row, ColumnOf(match)));
-      return name && named.contains(*name);
-    });
-  };
-  return csv.Has(PriceColumn::Sku) && found(PriceMatch::Sku) > found(PriceMatch::Description) ? PriceMatch::Sku : PriceMatch::Description;
+  if (!csv.Has(PriceColumn::Sku)) return PriceMatch::Description;
+  const ItemsByName skus = ItemsNamed(items, PriceMatch::Sku);
+  const ItemsByName descriptions = ItemsNamed(items, PriceMatch::Description);
+  std::size_t bySku = 0;
+  std::size_t byDescription = 0;
+  ForEachRow(csv, progress, [&](const CsvRow& row) {
+    const auto sku = FromUtf8(TextIn(csv, row, PriceColumn::Sku));
+    const auto description = FromUtf8(TextIn(csv, row, PriceColumn::Description));
+    bySku += sku && skus.contains(*sku) ? 1 : 0;
+    byDescription += description && descriptions.contains(*description) ? 1 : 0;
+  });
+  return bySku > byDescription ? PriceMatch::Sku : PriceMatch::Description;
 }
 
-PriceUpdate PreviewImport(const PriceCsv& csv, const std::vector<PriceItem>& items, const ImportOptions& options) {
+PriceUpdate PreviewImport(const PriceCsv& csv, const std::vector<PriceItem>& items, const ImportOptions& options,
+                          const Progress& progress) {
   if (!csv.Has(ColumnOf(options.match)))
     throw CsvError("the file has no column " + std::string(CaptionOf(ColumnOf(options.match))) + " to match by");
-  return Import(csv, items, options).Preview();
+  return Import(csv, items, options).Preview(progress);
 }
 
 }  // namespace norvale

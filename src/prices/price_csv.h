@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -35,7 +34,7 @@ struct PriceCsv {
 /// Reads the bytes of a file. The first row names the columns, in any order and under the names that spreadsheets and
 /// suppliers use; wanted are SKU or description, and a price. A comma is a decimal sign only where semicolons or tabs part the
 /// cells. Throws CsvError.
-PriceCsv ReadPriceCsv(std::string_view bytes);
+PriceCsv ReadPriceCsv(std::string_view bytes, const Progress& progress = {});
 
 /// By which column the rows find their items.
 enum class PriceMatch { Sku, Description };
@@ -47,10 +46,11 @@ struct ImportOptions {
 };
 
 /// The column by which more rows find an item; the description where both find as many.
-PriceMatch BestMatch(const PriceCsv& csv, const std::vector<PriceItem>& items);
+PriceMatch BestMatch(const PriceCsv& csv, const std::vector<PriceItem>& items, const Progress& progress = {});
 
 /// What the file would change. Names match character for character, blanks at both ends aside. A row that is unclear in any
 /// way changes nothing and is told instead. Throws CsvError where the file lacks the column to match by.
-PriceUpdate PreviewImport(const PriceCsv& csv, const std::vector<PriceItem>& items, const ImportOptions& options);
+PriceUpdate PreviewImport(const PriceCsv& csv, const std::vector<PriceItem>& items, const ImportOptions& options,
+                          const Progress& progress = {});
 
 }  // namespace norvale
