@@ -6,9 +6,12 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "base/csv.h"
+#include "base/text.h"
 #include "data/batch_store.h"
 #include "data/folder_reader.h"
 #include "data/folder_start.h"
+#include "prices/delivered.h"
 #include "support/random_records.h"
 #include "support/scratch_folder.h"
 
@@ -93,10 +96,15 @@ TEST_F(Tool, FailuresAreOneLineAndPrintNothing) {
       {":", "import '@/folder'", "/folder: "},
       {"echo {} {} >NVdata04.dat", "import '@/folder/NVdata04.dat'", "NVdata04.dat: line 1: "},
       {":", "import '@/bad.json'", "bad.json: plans[1].PlanName: "},
+      {"rm NVdata03.db", "prices export", "NVdata03.db: "},
+      {":", "prices import '@/none.csv'", "/none.csv: "},
+      {":", "prices import '@/small.json'", "small.json: the quotation mark"},
+      {":", "prices import '@/sku.csv' --by description", "sku.csv: the file has no column Description"},
       {":", "new-folder '@/folder'", "/folder: "},
       {":", "new-folder '@/small.json/x'", "/small.json/x: "},
   };
   WriteBytes(scratch / "bad.json", R"({"plans": [{"CustomerNumber": 7, "PlanNumber": "N"}, {"PlanName": "B"}]})");
+  WriteBytes(scratch / "sku.csv", "SKU,Price\nA,1\n");
   fs::copy(work, scratch / "sound");
   for (const Case& c : cases) {
     fs::remove_all(work);
@@ -156,6 +164,9 @@ TEST_F(Tool, WrongWordsTellTheUsage) {
                             "print summary --customer 7 --plan A --order sku",
                             "export --plan A",
                             "import",
+                            "prices",
+                            "prices import",
+                            "prices import F --by name",
                             "new-folder",
                             "--date 13-01-2026 export",
                             "--date 02-29-2026 export",
@@ -235,6 +246,35 @@ TEST_F(Tool, ExportThenImportGivesTheSameFiles) {
   // The index is the same but for where the records lie; once they lie in its order, importing again changes nothing.
   ASSERT_EQ(Call("--folder '@/second' import '@/all.json'").status, 0);
   EXPECT_TRUE(FourFiles(scratch / "second") == FourFiles(scratch / "third"));
+}
+
+TEST_F(Tool, PricesComeFromATableAndShowInTheNextPrint) {
+  EXPECT_EQ(Do("prices export --output '@/list.csv'").out, "");
+  const std::string file = ReadBytes(work / "NVdata03.db");
+  const auto printed = [this] { return Do("print estimate --customer 7 --plan A --prices").out; };
+  const std::string before = printed();
+  ASSERT_EQ(before.find("7,654.32"), std::string::npos);
+  const std::string list = ReadBytes(scratch / "list.csv");
+  EXPECT_EQ(Do("prices export").out, list);
+  std::string update = "Description,Price 1\n";
+  for (const PriceItem& item : DeliveredPrices().Items()) update += CsvCell(ToUtf8(item.PriceItemKey)) + ",7654.32\n";
+  WriteBytes(scratch / "update.csv", update + "NOTHING OF OURS,1\n");
+  const Outcome tried = Do("prices import '@/update.csv' --dry-run");
+  EXPECT_EQ(tried.status, 0);
+  EXPECT_EQ(ReadBytes(work / "NVdata03.db"), file);
+  EXPECT_EQ(printed(), before);
+  const Outcome done = Do("prices import '@/update.csv'");
+  EXPECT_EQ(done.status, 0) << done.err;
+  EXPECT_EQ(done.out, tried.out);
+  EXPECT_NE(done.out.find("NOTHING OF OURS: no item has this description\n"), std::string::npos);
+  EXPECT_NE(printed().find("7,654.32"), std::string::npos);
+  // The list from before brings the file back as it was.
+  EXPECT_EQ(Do("prices import '@/list.csv' --by sku").status, 0);
+  EXPECT_EQ(ReadBytes(work / "NVdata03.db"), file);
+  WriteBytes(scratch / "update.csv", "SKU,Price 1\nNONE,1\n");
+  const Outcome none = Do("prices import '@/update.csv'");
+  EXPECT_EQ(none.status, 1);
+  EXPECT_NE(none.err.find("update.csv: no row names an item of the price list\n"), std::string::npos) << none.err;
 }
 
 }  // namespace
