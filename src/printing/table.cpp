@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "base/csv.h"
 #include "base/numbers.h"
 #include "base/text.h"
 
@@ -9,17 +10,7 @@ namespace norvale {
 
 namespace {
 
-std::string Quoted(std::string_view text) {
-  std::string utf8 = ToUtf8(text);
-  if (utf8.find_first_of(",\"\r\n") == std::string::npos && Trim(utf8).size() == utf8.size()) return utf8;
-  std::string quoted = "\"";
-  for (const char c : utf8) {
-    if (c == '"') quoted.push_back('"');
-    quoted.push_back(c);
-  }
-  quoted.push_back('"');
-  return quoted;
-}
+std::string Quoted(std::string_view text) { return CsvCell(ToUtf8(text)); }
 
 }  // namespace
 
