@@ -1,10 +1,10 @@
 #include "entry/frm_calc.h"
 
+#include <QApplication>
 #include <QFrame>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
 #include <QScreen>
@@ -51,53 +51,87 @@ int KeyOf(const QKeyEvent& event) {
   return text.size() == 1 && text.front().unicode() < kDelete ? text.front().unicode() : kNoKey;
 }
 
-bool CanTake(const QLineEdit* field) { return field != nullptr && field->isEnabled() && !field->isReadOnly(); }
-
-// The number as the box has room for it: of the decimals at least two stay, the whole digits always do. Empty: no room.
-QString Fitted(const QString& number, int room) {
-  if (number.size() <= room) return number;
-  const auto point = number.indexOf(QLatin1Char('.'));
-  constexpr int kLeastDecimals = 2;
-  if (point < 0 || number.contains(QLatin1Char('e')) || point + 1 + kLeastDecimals > room) return {};
-  return QString::number(number.toDouble(), 'f', room - static_cast<int>(point) - 1);
-}
-
-bool IsAllowed(const QLineEdit& field, QString text) {
+bool IsTaken(const QLineEdit& box, QString text) {
   int cursor = static_cast<int>(text.size());
-  return field.validator() == nullptr || field.validator()->validate(text, cursor) != QValidator::Invalid;
+  if (cursor > box.maxLength()) return false;
+  return box.validator() == nullptr || box.validator()->validate(text, cursor) != QValidator::Invalid;
 }
 
-// The box that is typed into, of those that have one inside as well.
-QLineEdit* FieldOf(QWidget* control) {
-  if (auto* const edit = qobject_cast<QLineEdit*>(control)) return edit;
-  return control->findChild<QLineEdit*>(QString(), Qt::FindDirectChildrenOnly);
+// The number as the box takes it: with fewer decimals where it must, but at least two. Empty: not at all.
+QString Taken(const QLineEdit& box, const QString& number) {
+  if (IsTaken(box, number)) return number;
+  constexpr int kLeastDecimals = 2;
+  const auto point = number.indexOf(QLatin1Char('.'));
+  if (point < 0) return {};
+  for (auto decimals = static_cast<int>(number.size() - point) - 2; decimals >= kLeastDecimals; --decimals)
+    if (const QString text = QString::number(number.toDouble(), 'f', decimals); IsTaken(box, text)) return text;
+  return {};
 }
 
-// Beside the control where the screen has room for it; else where it covers least of what stands above.
+std::string RefusalOf(const QString& number) { return Notice("The box cannot take the number " + Typed(number) + "."); }
+
+CalculatorTarget TargetOf(QWidget* control) {
+  CalculatorTarget target;
+  for (QWidget* at = control; at != nullptr; at = at->parentWidget()) {
+    auto* const table = qobject_cast<QAbstractItemView*>(at);
+    if (table == nullptr) continue;
+    target.table = table;
+    if (table->editTriggers() != QAbstractItemView::NoEditTriggers) target.cell = table->currentIndex();
+    return target;
+  }
+  target.box = qobject_cast<QLineEdit*>(control);
+  // Other boxes have the one that is typed into inside.
+  if (target.box == nullptr) target.box = control->findChild<QLineEdit*>(QString(), Qt::FindDirectChildrenOnly);
+  return target;
+}
+
+QString NameOf(const CalculatorTarget& target) {
+  if (!target.CanTake()) return frmCalc::tr("No box takes the number");
+  const QString name = target.box != nullptr ? target.box->accessibleName() : target.table->accessibleName();
+  return name.isEmpty() ? frmCalc::tr("For the box") : frmCalc::tr("For %1").arg(name);
+}
+
+// The box of the target, with the focus; a cell is opened for it.
+QLineEdit* OpenBox(const CalculatorTarget& target) {
+  if (!target.CanTake()) return nullptr;
+  if (target.box != nullptr) {
+    target.box->setFocus(Qt::OtherFocusReason);
+    return target.box;
+  }
+  target.table->setCurrentIndex(target.cell);
+  target.table->edit(target.cell);
+  // The window may not be active yet.
+  return qobject_cast<QLineEdit*>(target.table->window()->focusWidget());
+}
+
+// Beside the control where the screen has room for it; else at the foot of the screen.
 QPoint PlaceBeside(const QRect& control, const QSize& size, const QRect& screen) {
   const int gap = size.height() / 16;
   const auto across = [&](int x) { return std::clamp(x, screen.left(), std::max(screen.left(), screen.right() - size.width())); };
   const auto down = [&](int y) { return std::clamp(y, screen.top(), std::max(screen.top(), screen.bottom() - size.height())); };
-  const QPoint lowest(across(control.left()), screen.bottom() - size.height());
   for (const QPoint& place : {QPoint(control.right() + gap, down(control.top())), QPoint(across(control.left()), control.bottom() + gap),
                               QPoint(across(control.left()), control.top() - gap - size.height()),
                               QPoint(control.left() - gap - size.width(), down(control.top()))})
     if (screen.contains(QRect(place, size))) return place;
-  return lowest;
+  return {across(control.left()), down(screen.bottom())};
 }
 
 }  // namespace
 
-frmCalc::frmCalc(Messages& messages, QLineEdit* field, const QString& hint, QWidget* parent)
-    : QDialog(parent), messages_(messages), field_(field), calculator_{.decimalSign = DecimalSign()} {
+bool CalculatorTarget::CanTake() const {
+  if (box != nullptr) return box->isEnabled() && !box->isReadOnly();
+  return table != nullptr && cell.isValid() && (cell.flags() & Qt::ItemIsEditable) != 0;
+}
+
+frmCalc::frmCalc(Messages& messages, CalculatorTarget target, const QString& hint, QWidget* parent)
+    : QDialog(parent), messages_(messages), target_(std::move(target)), calculator_{.decimalSign = DecimalSign()} {
   setObjectName(QStringLiteral("frmCalc"));
   setWindowTitle(tr("Norvale Calculator"));
   setProperty(kHelpPage, QStringLiteral("calculator"));
   auto* const lblField = new QLabel(this);
   lblField->setObjectName(QStringLiteral("lblField"));
   lblField->setProperty("role", QStringLiteral("quiet"));
-  const QString name = field == nullptr ? QString() : field->accessibleName();
-  lblField->setText(!CanTake(field) ? tr("No box takes the number") : name.isEmpty() ? tr("For the box") : tr("For %1").arg(name));
+  lblField->setText(NameOf(target_));
   auto* const lblHint = new QLabel(this);
   lblHint->setTextFormat(Qt::PlainText);
   lblHint->setText(hint.trimmed());
@@ -194,26 +228,28 @@ void frmCalc::Press(int key) {
 }
 
 void frmCalc::CarryBack() {
-  if (!CanTake(field_)) {
+  if (!target_.CanTake()) {
     messages_.ShowMessage(Notice("There is no box to take the number. Go to a box, then open the calculator with ALT+F2."));
     return;
   }
-  const QString number = Shown(CarriedText(calculator_));
-  const QString fitted = Fitted(number, field_->maxLength());
-  if (fitted.isEmpty() || !IsAllowed(*field_, fitted)) {
-    messages_.ShowMessage(Notice("The box cannot take the number " + CarriedText(calculator_) + "."));
-    return;
-  }
-  carried_ = fitted;
-  accept();
+  carried_ = Shown(CarriedText(calculator_));
+  if (target_.box != nullptr && Taken(*target_.box, carried_).isEmpty())
+    messages_.ShowMessage(RefusalOf(carried_));
+  else
+    accept();
 }
 
 void frmCalc::keyPressEvent(QKeyEvent* event) { Press(KeyOf(*event)); }
 
 void OpenCalculator(Messages& messages, QWidget* control, const QString& hint, CalculatorPlace& place) {
   if (qobject_cast<frmCalc*>(control->window()) != nullptr) return;
-  const QPointer<QLineEdit> field = FieldOf(control);
-  frmCalc calculator(messages, field, hint, control->window());
+  // An open list would stay above the calculator.
+  while (QWidget* const popup = QApplication::activePopupWidget()) {
+    if (popup->parentWidget() != nullptr) control = popup->parentWidget();
+    if (!popup->close()) break;
+  }
+  const CalculatorTarget target = TargetOf(control);
+  frmCalc calculator(messages, target, hint, control->window());
   const QRect box(control->mapToGlobal(QPoint()), control->size());
   const QRect screen = control->screen()->availableGeometry();
   calculator.resize(place.frame ? place.frame->size() : calculator.sizeHint());
@@ -221,11 +257,17 @@ void OpenCalculator(Messages& messages, QWidget* control, const QString& hint, C
   calculator.move(isFree ? place.frame->topLeft() : PlaceBeside(box, calculator.size(), screen));
   const bool isCarried = calculator.exec() == QDialog::Accepted;
   place.frame = QRect(calculator.pos(), calculator.size());
-  if (!isCarried || field == nullptr) return;
+  if (!isCarried) return;
+  QLineEdit* const field = OpenBox(target);
+  if (field == nullptr) return;
+  const QString text = Taken(*field, calculator.CarriedNumber());
+  if (text.isEmpty()) {
+    messages.ShowMessage(RefusalOf(calculator.CarriedNumber()));
+    return;
+  }
   // As typing does it, so that the form sees an entry.
-  field->setFocus(Qt::OtherFocusReason);
   field->selectAll();
-  field->insert(calculator.CarriedNumber());
+  field->insert(text);
 }
 
 }  // namespace norvale

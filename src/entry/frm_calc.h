@@ -1,7 +1,10 @@
 // The calculator that opens over any form.
 #pragma once
 
+#include <QAbstractItemView>
 #include <QDialog>
+#include <QLineEdit>
+#include <QPersistentModelIndex>
 #include <QPointer>
 #include <QRect>
 #include <array>
@@ -11,17 +14,24 @@
 #include "entry/calculator.h"
 
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 namespace norvale {
+
+/// What takes the result: a box, or a cell of a table, whose own box is gone while the calculator is open.
+struct CalculatorTarget {
+  QPointer<QLineEdit> box;
+  QPointer<QAbstractItemView> table;
+  QPersistentModelIndex cell;
+
+  [[nodiscard]] bool CanTake() const;
+};
 
 class frmCalc : public QDialog {
   Q_OBJECT
 
  public:
-  /// `field` is the box that takes the result; none: the calculator says so when it is to be carried back.
-  frmCalc(Messages& messages, QLineEdit* field, const QString& hint, QWidget* parent = nullptr);
+  frmCalc(Messages& messages, CalculatorTarget target, const QString& hint, QWidget* parent = nullptr);
 
   /// What goes into the box after `Accepted`.
   [[nodiscard]] const QString& CarriedNumber() const { return carried_; }
@@ -37,7 +47,7 @@ class frmCalc : public QDialog {
   void CarryBack();
 
   Messages& messages_;
-  QPointer<QLineEdit> field_;
+  CalculatorTarget target_;
   Calculator calculator_;
   QString carried_;
   QWidget* pctKeyTrap_ = nullptr;

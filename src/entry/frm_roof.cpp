@@ -360,8 +360,14 @@ void frmROOF::ShowSums() {
   lblsection_->setText(Shown(SectionLabel(form_)));
   lblsqft_->setText(Shown(AreaLabel(form_)));
   std::optional<RoofPlane> section;
-  if (form_.CurrentSection > 0) section = form_.RoofPlanes[static_cast<std::size_t>(form_.CurrentSection) - 1];
-  pctVIEW_->Show(section);
+  QStringList notes;
+  if (form_.CurrentSection > 0) {
+    section = form_.RoofPlanes[static_cast<std::size_t>(form_.CurrentSection) - 1];
+    for (const std::string& note : SectionNotes(*section)) notes << Shown(note);
+    const std::string species = SpeciesNote(section->FramingType, dataEntry_.combo1.front().rows);
+    if (!species.empty()) notes << Shown(species);
+  }
+  pctVIEW_->Show(section, notes);
   ShowList();
 }
 

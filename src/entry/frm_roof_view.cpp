@@ -323,10 +323,32 @@ void DrawPitch(QPainter& painter, const QRectF& area, int rise) {
 
 RoofView::RoofView(QWidget* parent) : QWidget(parent) { setAccessibleName(tr("Drawing of the roof section")); }
 
-void RoofView::Show(const std::optional<RoofPlane>& section) {
-  if (section == section_) return;
+void RoofView::Show(const std::optional<RoofPlane>& section, const QStringList& notes) {
+  if (section == section_ && notes == notes_) return;
   section_ = section;
+  notes_ = notes;
+  setAccessibleDescription(section
+                               ? tr("%1, length %2, run %3, pitch %4 in 12. %5")
+                                     .arg(Shown(CaptionOfRoofType(section->SectionType)), Feet(section->SectionLength),
+                                          Feet(section->RafterRun), QString::number(section->PitchIndex + 3), notes.join(QLatin1Char(' ')))
+                               : QString());
   update();
+}
+
+QRectF RoofView::DrawNotes(QPainter& painter, const QRectF& area) {
+  const double em = QFontMetricsF(painter.font()).height();
+  QRectF rest = area;
+  const auto draw = [&](const QString& text, const QColor& colour) {
+    const QRectF room = rest.adjusted(em * 0.7, 0, -em * 0.7, -em * 0.2);
+    const QRectF box = painter.boundingRect(room, Qt::AlignLeft | Qt::AlignBottom | Qt::TextWordWrap, text);
+    painter.setPen(colour);
+    painter.drawText(box, Qt::AlignLeft | Qt::TextWordWrap, text);
+    rest.setBottom(box.top());
+  };
+  rest.adjust(0, 0, 0, -em * 0.2);
+  for (const QString& note : notes_) draw(note, ColoursOfLook().warning);
+  if (section_->SectionType != kShedSection) draw(tr("Length: both sides together"), ColoursOfLook().quietText);
+  return rest;
 }
 
 QSize RoofView::sizeHint() const { return {fontMetrics().height() * 30, fontMetrics().height() * 18}; }
@@ -339,21 +361,21 @@ void RoofView::paintEvent(QPaintEvent* /*event*/) {
   const Colours& colours = ColoursOfLook();
   painter.setPen(QPen(colours.edge, 1));
   painter.setBrush(colours.card);
-  const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-  painter.drawRoundedRect(area, 6, 6);
+  const QRectF frame = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+  painter.drawRoundedRect(frame, 6, 6);
   if (!section_) {
     painter.setPen(colours.quietText);
-    painter.drawText(area, Qt::AlignCenter | Qt::TextWordWrap, tr("No roof sections yet.\nADD NEW SECTION begins the roof."));
+    painter.drawText(frame, Qt::AlignCenter | Qt::TextWordWrap, tr("No roof sections yet.\nADD NEW SECTION begins the roof."));
     return;
   }
 
+  const QRectF area = DrawNotes(painter, frame);
   const Measures measures = MeasuresOf(*section_);
   const Shape shape = ShapeOf(section_->SectionType, measures);
-  const bool hasLoadWall = measures.loadWall > 0;
-  const bool isWallInside = hasLoadWall && measures.hasRun && measures.loadWall <= measures.run;
+  const bool isWallInside = measures.loadWall > 0 && measures.hasRun && measures.loadWall <= measures.run;
   const double em = QFontMetricsF(painter.font()).height();
   const QString length = tr("Length %1").arg(measures.hasLength ? Feet(section_->SectionLength) : tr("?"));
-  const double below = em * (isWallInside ? 5.6 : 3.8);
+  const double below = em * (isWallInside ? 4.6 : 2.7);
   Drafter drafter(painter, area, shape, below, length);
   for (const Surface& surface : shape.surfaces) drafter.Draw(surface);
   for (const Edge& edge : shape.hidden) drafter.DrawHidden(edge);
@@ -377,11 +399,6 @@ void RoofView::paintEvent(QPaintEvent* /*event*/) {
     drafter.DrawAcross({{0, 0, 0}, {measures.loadWall, 0, 0}}, wallDown, tr("Load wall %1").arg(Feet(section_->LoadWallRun)));
   drafter.DrawAlong(shape.length, length);
   DrawPitch(painter, area, section_->PitchIndex + 3);
-  QStringList notes;
-  if (hasLoadWall && measures.hasRun && !isWallInside) notes << tr("The load wall lies beyond the rafter run.");
-  if (shape.countsBothSides) notes << tr("Length: both sides together");
-  painter.setPen(colours.quietText);
-  painter.drawText(area.adjusted(em * 0.8, 0, -em * 0.8, -em * 0.4), Qt::AlignLeft | Qt::AlignBottom, notes.join(QLatin1Char('\n')));
 }
 
 }  // namespace norvale

@@ -14,8 +14,8 @@ class RoofView : public QWidget {
  public:
   explicit RoofView(QWidget* parent = nullptr);
 
-  /// Draws the section; none: a line that says how to begin.
-  void Show(const std::optional<RoofPlane>& section);
+  /// Draws the section, with what is to be noted about it; none: a line that says how to begin.
+  void Show(const std::optional<RoofPlane>& section, const QStringList& notes);
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
@@ -24,7 +24,11 @@ class RoofView : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  // Draws the notes at the foot of the area, and returns what they leave of it.
+  QRectF DrawNotes(QPainter& painter, const QRectF& area);
+
   std::optional<RoofPlane> section_;
+  QStringList notes_;
 };
 
 }  // namespace norvale

@@ -138,6 +138,43 @@ double TotalArea(const std::array<RoofPlane, kRoofPlanes>& sections) {
   return total;
 }
 
+std::vector<std::string> SectionNotes(const RoofPlane& section) {
+  // The estimate knows no longer stock; what is as long as this or longer, it leaves out.
+  constexpr double kLongestRafter = 60;
+  constexpr double kLongestHip = 68;
+  constexpr double kLap = 1;  // each of two pieces is that much longer
+  const double run = section.RafterRun / 12.0;
+  const double loadWall = section.LoadWallRun / 12.0;
+  const double pitch = (section.PitchIndex + 3) / 12.0;
+  const bool isShed = section.SectionType == kShedSection;
+  const bool isHip = section.SectionType == kHipSection;
+  const auto slope = [pitch](double level) { return Sqr(level * level + level * pitch * (level * pitch)); };
+  std::vector<std::string> notes;
+  const auto tell = [&notes](const char* what, double feet) {
+    notes.push_back(std::string(what) + " of " + Digits(Int(feet)) + " ft is longer than any stock: the estimate does not list it.");
+  };
+  const bool isTwoPieces = loadWall > 0 && !isShed;
+  const double longest = isTwoPieces ? std::max(slope(run - loadWall), slope(loadWall)) + kLap : slope(run);
+  if (longest >= kLongestRafter) tell("A rafter", longest);
+  if (section.SectionType >= kGableWithValley && !isShed) {
+    const double level = Sqr(2 * run * run);
+    const double hip = Sqr(level * level + run * pitch * (run * pitch));
+    if (hip >= kLongestHip) tell(isHip ? "A hip rafter" : "A valley rafter", hip);
+  }
+  if (isHip && section.SectionLength > 0 && section.SectionLength < 2 * section.RafterRun)
+    notes.emplace_back("Shorter than twice its run: this hip has no ridge, and takes from that of the other sections.");
+  if (loadWall > 0 && isShed) notes.emplace_back("The rafters of a shed are of one piece: its load bearing wall does not count.");
+  if (isTwoPieces && run > 0 && loadWall > run) notes.emplace_back("The load bearing wall lies beyond the rafter run.");
+  return notes;
+}
+
+std::string SpeciesNote(std::size_t species, const std::vector<std::string>& grades) {
+  const std::string listed = species < grades.size() ? ToUtf8(Trim(grades[species])) : std::string();
+  if (grades.empty() || listed == kRafterSpecies[species]) return {};
+  return "The list of framing grades was changed: rafters of " + std::string(kRafterSpecies[species]) + " are printed as " +
+         (listed.empty() ? "nothing" : listed) + ".";
+}
+
 RoofForm OpenRoofForm(const EstimateRecord& plan) {
   RoofForm form;
   // Sections stand without gaps, whatever the record holds: a gap would end the count.
@@ -239,7 +276,8 @@ std::string LeaveCeilingJoist(std::string& text) {
 
 JoistStep FinishJoists(RoofForm& form) {
   for (std::size_t box = 0; box < 2 * kCeilingJoistRows; ++box)
-    if (std::string message = LeaveCeilingJoist(JoistText(form, box)); !message.empty()) return {.message = std::move(message), .focus = box};
+    if (std::string message = LeaveCeilingJoist(JoistText(form, box)); !message.empty())
+      return {.message = std::move(message), .focus = box};
   if (form.SectionCount > 0 && !HasCeilingJoists(form) && !form.wasAskedForJoists) {
     form.wasAskedForJoists = true;
     return {.message = std::string(kNoCeilingJoists), .focus = std::nullopt};

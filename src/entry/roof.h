@@ -54,6 +54,13 @@ double SectionArea(const RoofPlane& section);
 /// The sum over the sections that are in use.
 double TotalArea(const std::array<RoofPlane, kRoofPlanes>& sections);
 
+/// What the estimate leaves out of a section, or takes otherwise than it was typed: sentences to be seen while he types.
+std::vector<std::string> SectionNotes(const RoofPlane& section);
+
+/// What to say where the dealer has changed the first rows of the list of framing grades, by which rafters are printed;
+/// empty where they are `kRafterSpecies`. `grades` are the list's rows, in Windows-1252.
+std::string SpeciesNote(std::size_t species, const std::vector<std::string>& grades);
+
 // --- The form
 
 inline constexpr std::size_t kCeilingJoistRows = 5;  // joists of 8, 10, 12, 14 and 16 feet

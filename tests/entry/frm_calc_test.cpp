@@ -4,6 +4,7 @@
 
 #include <QLocale>
 #include <QRegularExpressionValidator>
+#include <QTableWidget>
 
 #include "desktop/desktop_fixture.h"
 #include "desktop/form_driver.h"
@@ -121,6 +122,26 @@ TEST_F(frmCalcTest, CarriesItsResultIntoTheBoxAtHand) {
                       });
   EXPECT_EQ(plan.RoofPlanes[0].RafterRun, 150);
   EXPECT_EQ(plan.CeilingJoistLft2X6[0], 34);
+}
+
+// The cell's own box closes when another form takes the focus.
+TEST_F(frmCalcTest, CarriesItsResultIntoTheCellOfATable) {
+  QTableWidget table(2, 1);
+  table.setItem(0, 0, new QTableWidgetItem(QStringLiteral("5")));
+  table.setCurrentCell(0, 0);
+  ShowActive(table);
+  for (const bool isEditing : {false, true}) {
+    if (isEditing) Keys("7");
+    Open([](frmCalc&) {
+      Keys("25/2=");
+      CarryBack();
+    });
+    ASSERT_NE(qobject_cast<QLineEdit*>(QApplication::focusWidget()), nullptr) << isEditing;
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(table.item(0, 0)->text(), "12.5");
+    table.item(0, 0)->setText(QStringLiteral("5"));
+    table.setCurrentCell(0, 0);
+  }
 }
 
 TEST_F(frmCalcTest, TellsWhereNoBoxTakesTheNumber) {

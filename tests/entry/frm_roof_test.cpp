@@ -100,15 +100,23 @@ TEST_F(frmROOFTest, ARoofTypedByHandIsTheSampleAndPrintsLikeIt) {
     EXPECT_EQ(Focus(), "cmdADD");
     for (const RoofPlane& section : sample.RoofPlanes) {
       if (section.SectionType == 0) break;
-      Key(Qt::Key_A, Qt::AltModifier);
+      // The whole section with the keys alone, from ADD to ADD.
+      Key(Qt::Key_Return);
       EXPECT_EQ(Focus(), "txtSection");
+      Key(Qt::Key_Backtab);
+      EXPECT_THAT(Focus(), testing::StartsWith("optRoof_"));
       ChooseType(form, section.SectionType);
-      Type(form, "txtSection", InFeetAndInches(section.SectionLength).c_str());
-      Type(form, "txtRafterRun", InFeetAndInches(section.RafterRun).c_str());
-      Type(form, "txtloadwall", InFeetAndInches(section.LoadWallRun).c_str());
-      ChooseRow(form, "cboRafter", section.RafterIndex);
-      ChooseRow(form, "cboPitch", section.PitchIndex);
-      ChooseRow(form, "cboRFType", section.FramingType);
+      GoTo(form, "txtSection");
+      for (const int length : {section.SectionLength, section.RafterRun, section.LoadWallRun}) {
+        Keys(InFeetAndInches(length).c_str());
+        Key(Qt::Key_Return);
+      }
+      for (const int row : {section.RafterIndex, section.PitchIndex, section.FramingType}) {
+        Key(Qt::Key_Home);
+        for (int i = 0; i < row; ++i) Key(Qt::Key_Down);
+        Key(Qt::Key_Return);
+      }
+      EXPECT_EQ(Focus(), "cmdADD");
     }
     EXPECT_EQ(Sections(form), "5 of 5, 198 SF of 2989 SF");
     Key(Qt::Key_D, Qt::AltModifier);

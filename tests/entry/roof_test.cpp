@@ -3,9 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "base/numbers.h"
+#include "base/text.h"
 #include "entry/entry_form.h"
 #include "entry/number_entry.h"
+#include "takeoff/print_estimate.h"
 
 namespace norvale {
 namespace {
@@ -112,6 +116,48 @@ TEST(RoofArea, TheTotalIsCutOnlyOnce) {
   EXPECT_EQ(Int(TotalArea(sections)), 1241) << "ten times 124.157, not ten times 124";
   sections[9].SectionType = 0;
   EXPECT_EQ(Int(TotalArea(sections)), 1117) << "an unused section has no area";
+}
+
+// The notes are right where the estimate leaves the rafters, hips and valleys out.
+TEST(RoofNotes, TellWhatTheEstimateLeavesOut) {
+  const auto noted = [](const RoofPlane& section, std::string_view part) {
+    return std::ranges::any_of(SectionNotes(section), [part](const std::string& note) { return Has(note, part); });
+  };
+  const TakeoffData data;
+  int left = 0;
+  for (int type = 1; type <= kRoofTypes; ++type)
+    for (std::uint8_t pitch = 0; pitch < 10; ++pitch)
+      for (int run = 12; run <= 900; run += 36)
+        for (const int loadWall : {0, run / 3}) {
+          EstimateRecord plan;
+          plan.CeilingJoistLft2X6[0] = 8;
+          const auto stored = [](int value) { return static_cast<std::int16_t>(value); };
+          plan.RoofPlanes[0] = {static_cast<std::uint8_t>(type), 0, pitch, 0, stored(2400), stored(run), stored(loadWall)};
+          Page page;
+          EstimatePrint print;
+          print.plan = plan;
+          print.sectionMask = kRoofSystem;
+          (void)PrintEstimate(print, data, page);
+          // Two pieces of different length stand in two rows.
+          const bool isTold = noted(plan.RoofPlanes[0], "A rafter of");
+          if (loadWall == 0 || type == kShedSection) {
+            ASSERT_EQ(isTold, !Has(page.Text(), "(Rafter)")) << type << ' ' << +pitch << ' ' << run;
+          }
+          ASSERT_EQ(noted(plan.RoofPlanes[0], "A hip rafter") || noted(plan.RoofPlanes[0], "A valley rafter"),
+                    type != 1 && type != kShedSection && !Has(page.Text(), "(Hip/Valley Rafter)"));
+          left += isTold;
+        }
+  EXPECT_GT(left, 0);
+  EXPECT_TRUE(noted({.SectionType = 1, .PitchIndex = 9, .SectionLength = 120, .RafterRun = 900, .LoadWallRun = 394}, "of 60 ft"))
+      << "59 ft 8 in, and a foot for the lap";
+  EXPECT_TRUE(noted({.SectionType = 3, .SectionLength = 287, .RafterRun = 144}, "no ridge"));
+  EXPECT_TRUE(noted({.SectionType = 1, .SectionLength = 288, .RafterRun = 144, .LoadWallRun = 145}, "beyond"));
+  EXPECT_TRUE(noted({.SectionType = 5, .SectionLength = 288, .RafterRun = 144, .LoadWallRun = 60}, "one piece"));
+  EXPECT_FALSE(noted({.SectionType = 3, .SectionLength = 288, .RafterRun = 144, .LoadWallRun = 144}, ""));
+  std::vector<std::string> grades(kRafterSpecies.begin(), kRafterSpecies.end());
+  EXPECT_EQ(SpeciesNote(1, grades), "");
+  std::swap(grades[1], grades[2]);
+  EXPECT_EQ(SpeciesNote(1, grades), "The list of framing grades was changed: rafters of #2 SPF are printed as #2 HEM-FIR.");
 }
 
 TEST(RoofForm, BeginsWithNothingAndAGable) {
