@@ -7,6 +7,7 @@
 #include "prices/frm_prices.h"
 #include "prices/frm_waste.h"
 #include "printing/frm_dispatch.h"
+#include "printing/frm_live_list.h"
 #include "shell/frm_address.h"
 #include "shell/frm_restore.h"
 #include "shell/status_line.h"
@@ -15,16 +16,12 @@ namespace norvale {
 
 namespace {
 
-void SayNotInThisVersion(Program& program, std::string_view what) {
-  program.messages.ShowMessage(Notice(std::string(what) + " is not part of this version of Norvale yet."));
-}
-
 void EditCustomers(Program& program, QWidget* menu) { frmAddress(program, CustomerFormMode::Customer, menu).exec(); }
 
 void EditCompany(Program& program, QWidget* menu) { frmAddress(program, CustomerFormMode::Company, menu).exec(); }
 
 void EditPrices(Program& program, QWidget* menu) {
-  const PrintPrices print = [&program](const PriceList&, QWidget*) { SayNotInThisVersion(program, "Printing the price list"); };
+  const PrintPrices print = [&program](const PriceList& prices, QWidget* form) { PrintPriceList(program, prices, form); };
   frmPrices(program, print, menu).exec();
 }
 
@@ -43,6 +40,7 @@ PlanTasks TasksOfPlans(Program& program) {
     return frmAddress(program, CustomerFormMode::Estimate, parent).exec() == QDialog::Accepted;
   };
   tasks.printEstimate = [&program](const PlanForm& form, QWidget* parent) { PrintDispatch(program, PrintKind::Estimate, &form, parent); };
+  tasks.makeLivePanel = [&program](QWidget* parent) -> LivePanel* { return new LiveList(program, parent); };
   return tasks;
 }
 
