@@ -70,9 +70,10 @@ class RandomOperator : public QObject {
 
   // Out of everything, giving up what is unsaved.
   void Leave(QWidget& form) {
-    if (QWidget* const yes = form.findChild<QPushButton*>(QStringLiteral("cmdYES")); yes != nullptr && yes->isVisible())
-      QTest::keyClick(yes, Qt::Key_Return);
-    else if (left_ < -1000)
+    for (const char* const out : {"cmdYES", "pctSaveOpt_2"})
+      if (auto* const button = form.findChild<QPushButton*>(QString::fromLatin1(out)); button != nullptr && button->isVisible())
+        return button->click();
+    if (left_ < -1000)
       form.close();
     else
       QTest::keyClick(&form, Qt::Key_Escape);
@@ -90,7 +91,7 @@ class RandomOperator : public QObject {
                                         Qt::Key_Escape, Qt::Key_Home, Qt::Key_F4,  Qt::Key_PageUp, Qt::Key_F1, Qt::Key_PageDown};
     QWidget* const focus = QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : &form;
     // The menu is only the way to the forms.
-    if (&form == &menu_ && Below(3) != 0) {
+    if (&form == &menu_ && Below(6) != 0) {
       PressAny(form);
       return;
     }
