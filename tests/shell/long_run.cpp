@@ -41,8 +41,11 @@ class RandomOperator : public QObject {
   void Work(int operations) {
     left_ = operations;
     Next();
-    do menu_.exec();  // he may leave the program and start it again
-    while (left_ > 0);
+    // He may leave the program, and starts it again.
+    do {
+      menu_.ShowMenu("Main");
+      menu_.exec();
+    } while (left_ > 0);
   }
 
   [[nodiscard]] const std::map<std::string, int>& Visits() const { return visits_; }
