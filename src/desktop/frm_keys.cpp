@@ -5,12 +5,15 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QShortcutEvent>
+#include <QTimer>
 #include <QVariant>
+#include <chrono>
 
 #include "desktop/frm_help.h"
 
@@ -39,12 +42,24 @@ void MoveOn(QWidget* from) {
   }
 }
 
+// Where forms close one behind the other, a window manager may give the focus to nobody: the operator would type into nothing.
+void KeepFocus() {
+  QWidget* const front = QApplication::activeModalWidget();
+  if (front != nullptr && front->isVisible() && QGuiApplication::focusWindow() == nullptr) front->activateWindow();
+}
+
+// Long enough for a window manager to have done its part.
+constexpr std::chrono::milliseconds kFocusChecks[] = {std::chrono::milliseconds(100), std::chrono::milliseconds(400)};
+
 }  // namespace
 
 FormKeys::FormKeys(QObject* parent) : QObject(parent) { qApp->installEventFilter(this); }
 
 bool FormKeys::eventFilter(QObject* watched, QEvent* event) {
   if (!watched->isWidgetType()) return false;
+  const bool isShownOrGone = event->type() == QEvent::Show || event->type() == QEvent::Hide;
+  if (isShownOrGone && qobject_cast<QDialog*>(watched) != nullptr)
+    for (const auto check : kFocusChecks) QTimer::singleShot(check, this, KeepFocus);
   if (event->type() == QEvent::Shortcut) {
     // A button's own answer to ALT with its letter is a click a tenth of a second later: what is typed meanwhile would go
     // into the boxes of the record before.
