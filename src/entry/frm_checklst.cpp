@@ -142,6 +142,7 @@ void frmChecklst::MakeBoxes(QGridLayout* grid) {
     box->setMinimumWidth(fontMetrics().averageCharWidth() * (info.width + 3));
     if (info.box == ChecklistBox::txtcustnum || info.box == ChecklistBox::txtdate) box->setValidator(new FieldKeys(info.box, box));
     box->installEventFilter(this);
+    connect(box, &QLineEdit::textEdited, this, &frmChecklst::TakeBoxes);
     auto* const label = new QLabel(QString::fromLatin1(info.caption), this);
     label->setBuddy(box);
     const int row = static_cast<int>(i) / 2;

@@ -12,10 +12,12 @@ namespace norvale {
 class FormScript {
  public:
   /// The next modal form that opens, which must be a `Form`, is driven by `drive`; forms that it opens belong to the steps
-  /// behind. `drive` ends with what closes the form or leaves it to those steps.
+  /// behind. `drive` ends with what closes the form or leaves it to those steps. A form that was there before has its turn
+  /// when it is `ready` for it.
   template <typename Form, typename Drive>
-  FormScript& Then(Drive drive) {
-    steps_.push_back({Form::staticMetaObject.className(), [drive](QWidget& form) { drive(static_cast<Form&>(form)); }});
+  FormScript& Then(
+      Drive drive, std::function<bool(QWidget&)> ready = [](QWidget&) { return true; }) {
+    steps_.push_back({Form::staticMetaObject.className(), [drive](QWidget& form) { drive(static_cast<Form&>(form)); }, std::move(ready)});
     return *this;
   }
 
@@ -41,6 +43,7 @@ class FormScript {
   struct Step {
     std::string form;
     std::function<void(QWidget&)> drive;
+    std::function<bool(QWidget&)> ready;
   };
 
   // A timer of its own for each step: that of the step at hand rests while it drives.
@@ -49,10 +52,9 @@ class FormScript {
     auto* const poll = timers_.emplace_back(std::make_unique<QTimer>()).get();
     QObject::connect(poll, &QTimer::timeout, [this, poll, mine = next_] {
       QWidget* const form = QApplication::activeModalWidget();
-      if (mine != next_ || form == nullptr || form == driven_ || steps_[mine].form != form->metaObject()->className()) return;
+      if (mine != next_ || form == nullptr || steps_[mine].form != form->metaObject()->className() || !steps_[mine].ready(*form)) return;
       poll->stop();
       ++next_;
-      QWidget* const outer = std::exchange(driven_, form);
       Arm();
       try {
         ShowActive(*form);
@@ -60,14 +62,12 @@ class FormScript {
       } catch (const std::logic_error& error) {
         ADD_FAILURE() << steps_[mine].form << ": " << error.what();
       }
-      driven_ = outer;
     });
     poll->start(5);
   }
 
   std::vector<Step> steps_;
   std::size_t next_ = 0;
-  QWidget* driven_ = nullptr;  // at this moment
   std::vector<std::unique_ptr<QTimer>> timers_;
 };
 
