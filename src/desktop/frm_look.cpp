@@ -121,6 +121,8 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
     QCheckBox::indicator:checked { background: @focus; border-color: @focus; image: url(:/pictures/tick-@look.svg); }
     QRadioButton::indicator:checked { width: @dotpx; height: @dotpx; border: @rimpx solid @focus; }
     QCheckBox::indicator:disabled, QRadioButton::indicator:disabled { border-color: @edge; background: @disabledBase; }
+    QCheckBox::indicator:checked:disabled { border-color: @disabledText; background: @disabledText; }
+    QRadioButton::indicator:checked:disabled { border-color: @disabledText; }
     QTableView { border: 1px solid @edge; background: @base; }
     QTableView:focus { border: 1px solid @focus; }
     QHeaderView::section {

@@ -12,7 +12,7 @@ namespace norvale {
 namespace {
 
 constexpr std::string_view kFieldHint = " TAB or SHIFT+TAB To Move; ENTER=Execute F1=Help ALT+F2=Calculator  ESC=Exit";
-constexpr std::string_view kFindHint = " Type part of a name, a customer number or part of a plan number; ENTER=Find ESC=End Of Search";
+constexpr std::string_view kFindHint = " Part of a name, a customer number or part of a plan number; ENTER=Find ESC=End";
 constexpr std::string_view kCopyHint = " Type the number of the new plan; OK saves it, ESC goes back to data entry";
 constexpr std::string_view kNoPlanHint = " No plan is on file any more; ESC=Exit";
 

@@ -93,7 +93,7 @@ frmChecklst::frmChecklst(Program& program, PlanDraft draft, PlanTasks tasks, QWi
 void frmChecklst::MakeForm() {
   setObjectName(QStringLiteral("frmChecklst"));
   setWindowTitle(QString::fromLatin1(kTitle));
-  setProperty(kHelpPage, QStringLiteral("plans"));
+  setProperty(kHelpPage, QStringLiteral("checklist"));
   const int space = fontMetrics().height();
 
   auto* const grid = new QGridLayout;
