@@ -30,11 +30,12 @@ desktop_stop() {
   rm -f "$desktop_number"
 }
 
-# Waits until a window of that title is seen and has the focus.
+# Waits until a window of that title, which may be a pattern, is seen and has the focus.
 desktop_wait() {
   local tries
   for tries in $(seq 100); do
-    [ "$(xdotool getactivewindow getwindowname 2>/dev/null)" = "$1" ] && return 0
+    # shellcheck disable=SC2053
+    [[ "$(xdotool getactivewindow getwindowname 2>/dev/null)" == $1 ]] && return 0
     sleep 0.1
   done
   echo "no window \"$1\"; at the front is \"$(xdotool getactivewindow getwindowname 2>/dev/null)\"" >&2
