@@ -401,6 +401,7 @@ void frmChecklst::Walk(const std::function<RoadEnd(const RoadWindows&)>& road) {
   Try(program_.messages, [&] { end = road(Windows()); });
   isBusy_ = false;
   if (end == RoadEnd::ClosesChecklist) form_.isOpen = false;
+  if (form_.isOpen) activateWindow();
   ShowForm();
   ShowFocus();
   EndIfClosed();
@@ -428,6 +429,7 @@ bool frmChecklst::NameCopy() {
   QEventLoop loop;
   copyLoop_ = &loop;
   isCopyNamed_ = false;
+  activateWindow();
   ShowForm();
   form_.focus = ChecklistControl::txtPlanNbr;
   ShowFocus();

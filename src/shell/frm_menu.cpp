@@ -312,6 +312,8 @@ void frmMenu::RunChoice(const MenuPanel& menu, MenuChoice choice) {
   });
   EndChoice(modes_, choice);
   isBusy_ = false;
+  // Where several forms close at once, some window managers give the keys to none of those that are left.
+  activateWindow();
   ShowMenu(menu.name);
 }
 

@@ -29,6 +29,7 @@ constexpr std::array<int, 54> kNumberAt = {315, 317, 319, 321, 373, 375, 377, 37
 constexpr int kFirstJoistAt = 760;
 constexpr int kEavesAt = 723;
 constexpr int kLevelAt = 725;
+constexpr int kReservedAt = 780;
 struct ListPlace {
   int row;
   int text;
@@ -217,6 +218,7 @@ TEST_F(PlanJourney, ANewPlanOfEachFoundationGoesToTheFilesAndBack) {
     PutNumber16(expected, 0, 3);
     PutText(expected, 2, 15, house.number);
     PutText(expected, 17, 10, "11-23-2026");
+    PutText(expected, kReservedAt, 42, "");
     PutNumber16(expected, 27, house.type);
     PutNumber16(expected, kEavesAt, 163);
     expected[kLevelAt] = '3';
@@ -548,6 +550,7 @@ TEST_F(PlanJourney, AKillLosesNothingThatStoodOnAnEarlierScreen) {
       PutNumber16(shown, 0, 3);
       PutText(shown, 2, 15, number);
       PutText(shown, 17, 10, "11-23-2026");
+      PutText(shown, kReservedAt, 42, "");
       PutNumber16(shown, 27, kHouses[3].type);
       PutNumber16(shown, kEavesAt, 163);
       shown[kLevelAt] = '3';
