@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "data/backup.h"
 #include "data/batch_store.h"
 #include "data/customer_file.h"
 #include "data/estimate_file.h"
@@ -322,6 +323,7 @@ void CopyBothFiles(benchmark::State& state, bool overOld) {
 }
 
 void DeleteOne(benchmark::State& state) {
+  state.SetLabel("beside CopyBothFiles/over_old");
   DataFiles& files = Files();
   for (auto _ : state) {
     state.PauseTiming();
@@ -332,8 +334,28 @@ void DeleteOne(benchmark::State& state) {
 }
 
 void Rebuild(benchmark::State& state) {
+  state.SetLabel("beside CopyBothFiles/over_old");
   DataFiles& files = Files();
   for (auto _ : state) RebuildIndexes(files.folder);
+}
+
+// A backup of a folder that has changed, read back and checked, and looking whether it has.
+void BackUp(benchmark::State& state, bool changed) {
+  DataFiles& files = Files();
+  state.SetLabel("beside CopyBothFiles/new");
+  static std::chrono::local_seconds now = LocalNow();
+  (void)MakeBackup(files.folder, BackupReason::Hand, now);
+  for (auto _ : state) {
+    state.PauseTiming();
+    now += std::chrono::hours(1);
+    if (changed) {
+      files.session.CurrentEstimate = PlanRecord(1, static_cast<int>(now.time_since_epoch().count() % 100000));
+      AddEstimate(files.folder, files.session);
+    }
+    state.ResumeTiming();
+    if (MakeBackup(files.folder, BackupReason::Hand, now).has_value() != changed)
+      throw std::logic_error("not the backup that was asked for");
+  }
 }
 
 // The whole start: four files read through and checked.
@@ -377,6 +399,8 @@ BENCHMARK_CAPTURE(CopyBothFiles, over_old, true)->Unit(benchmark::kMillisecond)-
 BENCHMARK(DeleteOne)->Name("DeleteOne/first")->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 BENCHMARK(DeleteOne)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
 BENCHMARK(Rebuild)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
+BENCHMARK_CAPTURE(BackUp, changed, true)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
+BENCHMARK_CAPTURE(BackUp, unchanged, false)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
 BENCHMARK(Start)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
 
 }  // namespace

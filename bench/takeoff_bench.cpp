@@ -103,6 +103,7 @@ TakeoffData Loaded() {
 void PricedEstimateToText(benchmark::State& state) {
   const EstimatePrint print = Print();
   const TakeoffData data = Loaded();
+  state.SetLabel("beside CopyTheSameBytes");
   std::size_t bytes = 0;
   std::size_t lines = 0;
   for (auto _ : state) {
