@@ -1,21 +1,11 @@
-# From the CSV of a benchmark program to a Markdown table.
+# From the JSON of a benchmark program, which has one value a line, to a Markdown table.
 
-# The fields of a line of CSV whose texts may be quoted.
-function split_csv(line, fields,    count, text) {
-  count = 0
-  while (length(line) > 0 || count == 0) {
-    if (substr(line, 1, 1) == "\"") {
-      line = substr(line, 2)
-      text = substr(line, 1, index(line, "\"") - 1)
-      line = substr(line, length(text) + 3)
-    } else {
-      text = line
-      sub(/,.*/, "", text)
-      line = substr(line, length(text) + 2)
-    }
-    fields[++count] = text
-  }
-  return count
+# The value of a line `"key": value,`.
+function value(    text) {
+  text = $0
+  sub(/^[^:]*: */, "", text)
+  gsub(/^"|",?$|,$/, "", text)
+  return text
 }
 function in_ns(time, unit) { return time * (unit == "s" ? 1e9 : unit == "ms" ? 1e6 : unit == "us" ? 1e3 : 1) }
 function shown(ns) {
@@ -29,15 +19,12 @@ function plain(name) {
   return name
 }
 
-/^name,/ { for (i = split_csv($0, head); i > 0; --i) column[head[i]] = i; next }
-!("name" in column) { next }
-{
-  split_csv($0, field)
-  order[++count] = name = plain(field[column["name"]])
-  time[name] = in_ns(field[column["real_time"]], field[column["time_unit"]])
-  label = field[column["label"]]
-  if (label ~ /^beside /) beside[name] = substr(label, 8)
-}
+/^  "benchmarks":/ { in_runs = 1 }
+!in_runs { next }
+/^      "name":/ { order[++count] = name = plain(value()) }
+/^      "real_time":/ { time[name] = value() }
+/^      "time_unit":/ { time[name] = in_ns(time[name], value()) }
+/^      "label": "beside / { label = value(); beside[name] = substr(label, 8) }
 END {
   # Whose name begins with another's is its peer, not a row of its own; the longest beginning counts.
   for (i = 1; i <= count; ++i)
