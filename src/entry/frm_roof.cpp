@@ -123,7 +123,10 @@ QWidget* frmROOF::MakeTypes() {
     auto* const option = new QRadioButton(Shown(CaptionOfRoofType(type)), types);
     option->setObjectName(InArray("optRoof", static_cast<std::size_t>(type)));
     option->setAccessibleName(option->text());
-    connect(option, &QRadioButton::toggled, this, [this](bool isOn) {
+    option->setFocusPolicy(Qt::ClickFocus);
+    connect(option, &QRadioButton::toggled, this, [this, option](bool isOn) {
+      // The keys come to the type that is chosen, and go on from there.
+      option->setFocusPolicy(isOn ? Qt::StrongFocus : Qt::ClickFocus);
       if (isOn) TakeBoxes();
     });
     layout->addWidget(option);

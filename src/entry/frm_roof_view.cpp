@@ -377,6 +377,8 @@ void RoofView::paintEvent(QPaintEvent* /*event*/) {
   const QString length = tr("Length %1").arg(measures.hasLength ? Feet(section_->SectionLength) : tr("?"));
   const double below = em * (isWallInside ? 4.6 : 2.7);
   Drafter drafter(painter, area, shape, below, length);
+  // Faint as long as its proportions are only a usual roof's.
+  if (!measures.hasLength || !measures.hasRun) painter.setOpacity(0.5);
   for (const Surface& surface : shape.surfaces) drafter.Draw(surface);
   for (const Edge& edge : shape.hidden) drafter.DrawHidden(edge);
   if (isWallInside) {
@@ -389,6 +391,7 @@ void RoofView::paintEvent(QPaintEvent* /*event*/) {
     drafter.DrawBreak(shape.length);
     if (shape.ridge) drafter.DrawBreak(*shape.ridge);
   }
+  painter.setOpacity(1);
 
   // The run lies under the front, the load wall's part of it above that line.
   double down = em * 0.8;
