@@ -168,8 +168,9 @@ class Drafter {
     QRectF room = area.adjusted(em_, em_, -em_ * 2, -below);
     // Narrower until the text beside the eave has its place.
     const double least = room.width() * 0.4;
-    for (double missing = 1; missing > 0; room.setWidth(std::max(least, room.width() - missing))) {
-      scale_ = std::min(room.width() / bounds.width(), room.height() / bounds.height());
+    constexpr double kStep = 1;
+    for (double missing = kStep; missing > 0; room.setWidth(std::max(least, room.width() - std::max(kStep, missing)))) {
+      scale_ = std::max(0.0, std::min(room.width() / bounds.width(), room.height() / bounds.height()));
       origin_ = room.center() - bounds.center() * scale_;
       missing = TextPlace(shape.length).x() + WidthOf(lengthText) + em_ - area.right();
       if (room.width() <= least) break;
@@ -180,7 +181,6 @@ class Drafter {
   }
 
   [[nodiscard]] QPointF At(const Corner& corner) const { return origin_ + Project(corner) * scale_; }
-  [[nodiscard]] double Em() const { return em_; }
 
   void Draw(const Surface& surface) {
     QPolygonF outline;
