@@ -7,20 +7,15 @@
 
 #include "data/folder_reader.h"
 #include "support/data_fixture.h"
+#include "support/scratch_folder.h"
 
 namespace norvale {
 namespace {
 
 class SystemDiskTest : public testing::Test {
  protected:
-  SystemDiskTest() {
-    std::string name = (std::filesystem::temp_directory_path() / "norvale-XXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    folder_ = name;
-  }
-  ~SystemDiskTest() override { std::filesystem::remove_all(folder_); }
-
-  std::filesystem::path folder_;
+  ScratchFolder scratch_;
+  const std::filesystem::path folder_ = scratch_.Path();
 };
 
 TEST_F(SystemDiskTest, OperationsGiveTheSameFilesAsInMemory) {

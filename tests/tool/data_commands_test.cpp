@@ -1,26 +1,16 @@
 // The commands that look after the data files, as a script meets them.
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-
-#include <cstdlib>
-
 #include "data/batch_store.h"
 #include "data/folder_reader.h"
 #include "data/folder_start.h"
-#include "support/scratch_folder.h"
+#include "tool/tool_call.h"
 
 namespace norvale {
 namespace {
 
 class DataCommands : public testing::Test {
  protected:
-  struct Outcome {
-    int status = -1;
-    std::string out;
-    std::string err;
-  };
-
   DataCommands() {
     std::vector<CustomerRecord> customers(2);
     customers[0].CustomerRecordNumber = 3;
@@ -37,12 +27,7 @@ class DataCommands : public testing::Test {
     StoreAll(folder, customers, plans);
   }
 
-  Outcome Call(const std::string& words) {
-    const std::string command = std::string("'") + NORVALE_TOOL + "' --folder '" + scratch_.Path().string() + "' " + words + " >'" +
-                                (other_ / "out").string() + "' 2>'" + (other_ / "err").string() + "'";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadBytes(other_ / "out"), ReadBytes(other_ / "err")};
-  }
+  Outcome Call(const std::string& words) { return CallTool(other_, "--folder '" + scratch_.Path().string() + "' " + words); }
 
   [[nodiscard]] std::string InFolder(const std::string& rest) const { return "norvale-tool: " + scratch_.Path().string() + rest; }
 

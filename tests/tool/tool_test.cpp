@@ -1,10 +1,7 @@
 // The companion command as a script meets it: its exit status and its two outputs.
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-
 #include <algorithm>
-#include <cstdlib>
 
 #include "base/csv.h"
 #include "base/text.h"
@@ -13,18 +10,12 @@
 #include "data/folder_start.h"
 #include "prices/delivered.h"
 #include "support/random_records.h"
-#include "support/scratch_folder.h"
+#include "tool/tool_call.h"
 
 namespace norvale {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Outcome {
-  int status = -1;
-  std::string out;
-  std::string err;
-};
 
 class Tool : public testing::Test {
  protected:
@@ -35,11 +26,7 @@ class Tool : public testing::Test {
   Outcome Call(std::string words, const std::string& out = {}) {
     for (std::size_t at = words.find('@'); at != std::string::npos; at = words.find('@', at + 1))
       words.replace(at, 1, scratch.Path().string());
-    const std::string target = out.empty() ? (scratch / "out").string() : out;
-    const std::string command =
-        std::string("'") + NORVALE_TOOL + "' " + words + " >'" + target + "' 2>'" + (scratch / "err").string() + "'";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out.empty() ? ReadBytes(target) : std::string(), ReadBytes(scratch / "err")};
+    return CallTool(scratch, words, out);
   }
 
   Outcome Do(const std::string& words) { return Call("--folder '@/folder' --date 03-07-2026 " + words); }
