@@ -11,6 +11,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
 #include <functional>
 
 #include "base/numbers.h"
@@ -28,6 +29,7 @@ namespace {
 constexpr int kWidth = 980;
 constexpr int kHeight = 620;
 
+constexpr double kLargeChange = 50;  // percent; more is rather a slip than a new price
 constexpr NumberFormat kTenths{.wholeDigits = 1, .decimals = 1};
 
 QString FromFile(std::string_view text) { return Shown(ToUtf8(text)); }
@@ -45,6 +47,7 @@ class RowsModel : public QAbstractTableModel {
   struct Cell {
     QString text;
     QVariant sortedBy;
+    bool isWarning = false;
   };
   using CellOf = std::function<Cell(std::size_t row, int column)>;
 
@@ -63,8 +66,9 @@ class RowsModel : public QAbstractTableModel {
   QVariant data(const QModelIndex& index, int role) const override {
     const bool isNumber = columns_[static_cast<std::size_t>(index.column())].isNumber;
     if (role == Qt::TextAlignmentRole) return QVariant::fromValue((isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-    if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != Qt::UserRole) return {};
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != Qt::UserRole && role != Qt::ForegroundRole) return {};
     const Cell cell = cellOf_(static_cast<std::size_t>(index.row()), index.column());
+    if (role == Qt::ForegroundRole) return cell.isWarning ? QVariant(ColoursOfLook().warning) : QVariant();
     return role == Qt::UserRole && cell.sortedBy.isValid() ? cell.sortedBy : QVariant(cell.text);
   }
 
@@ -100,7 +104,7 @@ RowsModel::Cell ChangeCell(const PriceChange& change, const PriceItem& item, int
       const auto percent = change.Percent();
       if (!percent) return {{}, QVariant(0.0)};
       return {(*percent > 0 ? QStringLiteral("+") : QString()) + Shown(FormatNumber(*percent, kTenths)) + QStringLiteral(" %"),
-              QVariant(*percent)};
+              QVariant(*percent), std::abs(*percent) > kLargeChange};
     }
     default:
       return {Shown(change.note), {}};

@@ -218,6 +218,8 @@ void frmPriceTable::MakeFilterRow(QHBoxLayout* row) {
   txtFilter_->setAccessibleName(tr("Filter"));
   txtFilter_->setPlaceholderText(tr("words of description, SKU or optional description"));
   txtFilter_->setClearButtonEnabled(true);
+  txtFilter_->setProperty(kTakesEnter, true);
+  connect(txtFilter_, &QLineEdit::returnPressed, this, [this] { tblPrices_->setFocus(); });
   lblFilter->setBuddy(txtFilter_);
   lblCount_ = new QLabel(this);
   lblCount_->setObjectName(QStringLiteral("lblCount"));

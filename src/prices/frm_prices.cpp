@@ -233,7 +233,11 @@ void frmPrices::LeavePrice(std::size_t level) {
   // A button tells it by itself. After this event: a message must not open while the focus is on its way.
   if (BoxTooLong(*form_) == level && qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr)
     QMetaObject::invokeMethod(
-        this, [this, level] { RefusePrice(level); }, Qt::QueuedConnection);
+        this,
+        [this, level] {
+          if (!FitsPriceFile(FormatPrice(Typed(txtprices_[level]->text())))) RefusePrice(level);
+        },
+        Qt::QueuedConnection);
 }
 
 void frmPrices::RefusePrice(std::size_t level) {

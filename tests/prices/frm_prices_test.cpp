@@ -341,6 +341,8 @@ TEST_F(frmPricesTest, TheTableSortsFiltersAndEditsInPlace) {
       Keys("2x4");
       EXPECT_EQ(Find<QTableView>(table, "tblPrices")->model()->rowCount(), 2);
       EXPECT_EQ(Find<QLabel>(table, "lblCount")->text(), QStringLiteral("2 of 4 items"));
+      Key(Qt::Key_Return);
+      EXPECT_EQ(Focus(), "tblPrices");
       Find<QLineEdit>(table, "txtFilter")->clear();
       auto* const sort = Find<QComboBox>(table, "cboSort");
       sort->setFocus();

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QStyleFactory>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
@@ -141,6 +142,8 @@ void TakePrices(Camera& camera, Program& program) {
   PriceHistory history;
   frmPriceTable table(program, prices, history, 4);
   camera.Take(table, "prices-table");
+  QTest::keyClick(table.findChild<QTableView*>(), Qt::Key_F2);
+  camera.Take(table, "prices-table-cell");
   table.hide();
   const PriceCsv csv = ReadPriceCsv(
       "SKU,Item,Price 1,Price 2,Vendor\nLBR-2X6-08-SYP2,2X6 8 SYP,7.45,\"$1,006.95\",A\nLBR-2X6-08-SPF2,2X6 8 SPF,7.25,6.875,A\n"
