@@ -67,21 +67,22 @@ std::string FromUtf16(std::string_view bytes, bool lowFirst) {
 
 bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
 
-// The separator of which the first row has most, quoted cells left out.
+// The separator of which the first row with any has most, quoted cells left out.
 char SeparatorOf(std::string_view text) {
   constexpr std::array<char, 3> kSeparators = {'\t', ';', ','};
   std::array<std::size_t, kSeparators.size()> counts{};
+  const auto most = [&counts] { return std::max_element(counts.begin(), counts.end()); };
   bool quoted = false;
-  bool begun = false;
+  bool atCell = true;  // where a quotation mark is no inch mark
   for (const char c : text) {
-    if (c == '"') quoted = !quoted;
-    if (IsLineEnd(c) && !quoted && begun) break;
-    if (quoted || IsLineEnd(c)) continue;
-    begun = true;
-    for (std::size_t i = 0; i < kSeparators.size(); ++i) counts[i] += c == kSeparators[i] ? 1 : 0;
+    if (c == '"' && (quoted || atCell)) quoted = !quoted;
+    if (quoted) continue;
+    if (IsLineEnd(c) && *most() > 0) break;
+    const auto* const separator = std::find(kSeparators.begin(), kSeparators.end(), c);
+    if (separator != kSeparators.end()) ++counts[static_cast<std::size_t>(separator - kSeparators.begin())];
+    atCell = separator != kSeparators.end() || IsLineEnd(c);
   }
-  const auto most = std::max_element(counts.begin(), counts.end());
-  return *most == 0 ? ',' : kSeparators[static_cast<std::size_t>(most - counts.begin())];
+  return *most() == 0 ? ',' : kSeparators[static_cast<std::size_t>(most() - counts.begin())];
 }
 
 class CsvReader {

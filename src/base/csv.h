@@ -36,9 +36,9 @@ struct CsvTable {
 /// else Windows-1252. Throws CsvError for bytes that are no text, such as those of a workbook.
 std::string DecodeText(std::string_view bytes);
 
-/// Reads a table (UTF-8) whose cells are parted by commas, semicolons or tabs, whichever its first row holds most of; a first
-/// line `sep=;` decides as well. Cells may be quoted; a quotation mark anywhere else is an inch mark. Lines end with CR LF, LF
-/// or CR. Throws CsvError where a quoted cell does not end.
+/// Reads a table (UTF-8) whose cells are parted by commas, semicolons or tabs, whichever the first row that holds any holds
+/// most of; a first line `sep=;` decides as well. Cells may be quoted; a quotation mark anywhere else is an inch mark. Lines end with CR
+/// LF, LF or CR. Throws CsvError where a quoted cell does not end.
 CsvTable ReadCsv(std::string_view utf8, const Progress& progress = {});
 
 /// The cell as it stands in comma-separated values: quoted where it must be.

@@ -13,6 +13,7 @@ namespace norvale {
 namespace {
 
 constexpr std::size_t kRowsBetweenReports = 1000;
+constexpr std::size_t kRowsBeforeHeading = 20;
 
 // ---- cells ----
 
@@ -160,7 +161,9 @@ std::optional<PriceColumn> ColumnNamed(std::string_view caption) {
   return found == columns.end() ? std::nullopt : std::optional(found->second);
 }
 
-void TakeHeading(PriceCsv& csv, const CsvRow& heading) {
+// Understands a row as the heading. False where it names neither item nor price.
+bool TakeHeading(PriceCsv& csv, const CsvRow& heading) {
+  csv = {};
   csv.cells = heading.cells.size();
   for (std::size_t i = 0; i < csv.cells; ++i) {
     const std::string caption(Stripped(std::string_view(heading.cells[i]), kBlanks));
@@ -175,6 +178,9 @@ void TakeHeading(PriceCsv& csv, const CsvRow& heading) {
                      std::string(CaptionOf(*column)));
     cell = i;
   }
+  bool hasPrice = false;
+  for (std::size_t level = 0; level < kPriceLevels; ++level) hasPrice = hasPrice || csv.Has(ColumnOfLevel(level));
+  return hasPrice && (csv.Has(PriceColumn::Sku) || csv.Has(PriceColumn::Description));
 }
 
 // ---- names ----
@@ -336,7 +342,7 @@ class Import {
       const std::string& before = items_[item].PriceItemPrice[level];
       if (Val(before) == price || Val(before) == Val(after)) {
         ++update_.sameAsBefore;
-      } else if (price == 0.0 && !options_.zeroPrices) {
+      } else if (Val(after) == 0.0 && !options_.zeroPrices) {
         ++update_.blankOrZero;
       } else {
         const std::string note = Val(after) == price ? std::string() : "rounded from " + Digits(price);
@@ -394,14 +400,13 @@ PriceCsv ReadPriceCsv(std::string_view bytes, const Progress& progress) {
   CsvTable table = ReadCsv(DecodeText(bytes), progress);
   if (table.rows.empty()) throw CsvError("the file is empty");
   PriceCsv csv;
-  TakeHeading(csv, table.rows.front());
-  bool hasPrice = false;
-  for (std::size_t level = 0; level < kPriceLevels; ++level) hasPrice = hasPrice || csv.Has(ColumnOfLevel(level));
-  if ((!csv.Has(PriceColumn::Sku) && !csv.Has(PriceColumn::Description)) || !hasPrice)
+  std::size_t heading = 0;
+  const std::size_t last = std::min(table.rows.size(), kRowsBeforeHeading + 1);
+  while (heading < last && !TakeHeading(csv, table.rows[heading])) ++heading;
+  if (heading == last)
     throw CsvError(
-        "the first row must name the columns: SKU or Description, and one of Price level 1 to Price level 5. An exported price list shows "
-        "how");
-  table.rows.erase(table.rows.begin());
+        "no row names the columns: SKU or Description, and one of Price level 1 to Price level 5. An exported price list shows how");
+  table.rows.erase(table.rows.begin(), table.rows.begin() + static_cast<std::ptrdiff_t>(heading) + 1);
   csv.rows = std::move(table.rows);
   csv.decimals = table.separator == ',' ? DecimalSign::Point : DecimalsOf(csv);
   return csv;

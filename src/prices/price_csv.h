@@ -31,9 +31,9 @@ struct PriceCsv {
   [[nodiscard]] bool Has(PriceColumn column) const { return cellOf[static_cast<std::size_t>(column)].has_value(); }
 };
 
-/// Reads the bytes of a file. The first row names the columns, in any order and under the names that spreadsheets and
-/// suppliers use; wanted are SKU or description, and a price. A comma is a decimal sign only where semicolons or tabs part the
-/// cells. Throws CsvError.
+/// Reads the bytes of a file. One of its first rows names the columns, in any order and under the names that spreadsheets and
+/// suppliers use; wanted are SKU or description, and a price. What stands above is a title. A comma is a decimal sign only where semicolons
+/// or tabs part the cells. Throws CsvError.
 PriceCsv ReadPriceCsv(std::string_view bytes, const Progress& progress = {});
 
 /// By which column the rows find their items.

@@ -59,7 +59,7 @@ void AddPriceCommands(CLI::App& app, const CommandContext& context) {
 
   auto call = std::make_shared<ImportCall>();
   CLI::App* const importing = prices->add_subcommand("import", "Takes prices from a CSV file and tells each one that changes");
-  importing->add_option("FILE", call->file, "The CSV file; its first row names the columns")->required();
+  importing->add_option("FILE", call->file, "The CSV file; a row at its head names the columns")->required();
   importing->add_option("--by", call->by, "How rows find their items: sku or description; without it, whichever finds more")
       ->check(CLI::IsMember({"sku", "description"}));
   importing->add_flag("--zero-prices", call->zeroPrices, "Takes blank and zero prices too");
