@@ -11,6 +11,7 @@ constexpr int kBlink = 300;  // milliseconds
 
 frmProgress::frmProgress(const QString& text, QWidget* parent) : QProgressDialog(text, tr("&Cancel"), 0, kSteps, parent) {
   setObjectName(QStringLiteral("frmProgress"));
+  setWindowTitle(tr("Please Wait"));
   setWindowModality(Qt::WindowModal);
   setMinimumDuration(kBlink);
   setAutoReset(false);

@@ -60,11 +60,17 @@ class TextLimit : public QObject {
       QApplication::beep();
       return;
     }
-    const QPointer<QLineEdit> box(box_);  // the cell of a table closes its box when a message takes the focus
-    messages_.ShowMessage(Notice(hasBytes ? std::string(CaptionOf(column_)) + " takes " + std::to_string(WidthOf(column_)) +
-                                                " characters. The text is " + std::to_string(text.size()) + " long and is not taken."
-                                          : "The price file cannot hold that character. Type it another way."));
-    if (box) box->setFocus();
+    const std::string notice = Notice(hasBytes ? std::string(CaptionOf(column_)) + " takes " + std::to_string(WidthOf(column_)) +
+                                                     " characters. The text is " + std::to_string(text.size()) + " long and is not taken."
+                                               : "The price file cannot hold that character. Type it another way.");
+    // After this event: a cell of a table closes its box, and this with it, when a message takes the focus.
+    QMetaObject::invokeMethod(
+        qApp,
+        [&messages = messages_, box = QPointer<QLineEdit>(box_), notice] {
+          messages.ShowMessage(notice);
+          if (box) box->setFocus();
+        },
+        Qt::QueuedConnection);
   }
 
   QLineEdit* box_;

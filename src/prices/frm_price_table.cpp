@@ -13,6 +13,7 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "base/files.h"
 #include "base/numbers.h"
@@ -83,7 +84,9 @@ class PriceTableModel : public QAbstractTableModel {
     if (LevelOf(column)) {
       text = FormatPrice(text);
       if (!FitsPriceFile(text)) {
-        messages_.ShowMessage(Notice(PriceTooLong(text)));
+        // After this event: the box of the cell would hand its text in a second time when a message takes the focus.
+        QMetaObject::invokeMethod(
+            this, [this, text] { messages_.ShowMessage(Notice(PriceTooLong(text))); }, Qt::QueuedConnection);
         return false;
       }
     } else {
@@ -265,20 +268,29 @@ void frmPriceTable::MakeTable() {
   header->setSortIndicator(-1, Qt::AscendingOrder);
   header->setStretchLastSection(true);
   tblPrices_->setSortingEnabled(true);
-  // In the usual type all columns fit a small screen; in a large one the long texts are shortened, prices never.
-  const int figure = fontMetrics().horizontalAdvance(QLatin1Char('0'));
-  const bool isLarge = figure * 100 > kWidth;
-  for (std::size_t i = 0; i + 1 < kPriceColumns; ++i) {
-    const auto column = static_cast<PriceColumn>(i);
-    const int figures = LevelOf(column) ? 9 : column == PriceColumn::Sku ? (isLarge ? 14 : 21) : (isLarge ? 21 : 28);
-    tblPrices_->setColumnWidth(static_cast<int>(i), figure * figures);
-  }
+  SetColumnWidths();
   connect(header, &QHeaderView::sortIndicatorChanged, this, [this](int section, Qt::SortOrder order) {
     cboSort_->setCurrentIndex(section < 0 ? 0 : 1 + 2 * section + (order == Qt::DescendingOrder ? 1 : 0));
   });
   connect(tblPrices_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& now) {
     if (now.isValid()) item_ = static_cast<std::size_t>(filter_->mapToSource(now).row());
   });
+}
+
+// In the usual type all columns fit a small screen; in a large one the long texts are shortened, prices never.
+void frmPriceTable::SetColumnWidths() {
+  const int figure = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+  const bool isLarge = figure * 100 > kWidth;
+  std::size_t longest = FormatPrice("1000").size();
+  for (const PriceItem& item : prices_.Items())
+    for (const std::string& price : item.PriceItemPrice) longest = std::max(longest, FormatPrice(price).size());
+  for (std::size_t i = 0; i + 1 < kPriceColumns; ++i) {
+    const auto column = static_cast<PriceColumn>(i);
+    const int figures = LevelOf(column)              ? static_cast<int>(longest) + 2
+                        : column == PriceColumn::Sku ? (isLarge ? 14 : 21)
+                                                     : (isLarge ? 21 : 28);
+    tblPrices_->setColumnWidth(static_cast<int>(i), figure * figures);
+  }
 }
 
 void frmPriceTable::MakePercentRow(QHBoxLayout* row) {
@@ -347,9 +359,10 @@ void frmPriceTable::Import() {
   Try(program_.messages, [&] {
     const std::string bytes = ReadWholeFile(Typed(path));
     try {
-      frmProgress progress(tr("Reading %1").arg(FileName(path)), this);
-      const PriceCsv csv = ReadPriceCsv(bytes, progress.Report());
-      progress.close();
+      const PriceCsv csv = [&] {
+        frmProgress progress(tr("Reading %1").arg(FileName(path)), this);
+        return ReadPriceCsv(bytes, progress.Report());
+      }();
       frmPricePreview preview(tr("Prices from %1").arg(FileName(path)), prices_.Items(), csv, this);
       if (preview.exec() == QDialog::Accepted) Apply("The import of " + Typed(FileName(path)), preview.Update());
     } catch (const GivenUp&) {
@@ -391,6 +404,7 @@ void frmPriceTable::Apply(std::string what, const PriceUpdate& update) {
   Say(Shown(what) + tr(": ") + Shown(SummaryOf(update)) + tr(" Nothing is written to the price file before Save / Exit."));
   history_.push_back({std::move(what), update.changes});
   model_->ShowAll();
+  SetColumnWidths();
   ShowCounts();
   tblPrices_->setFocus();
 }

@@ -32,6 +32,7 @@ class frmPriceTable : public QDialog {
 
  private:
   void MakeTable();
+  void SetColumnWidths();
   void MakeFilterRow(QHBoxLayout* row);
   void MakePercentRow(QHBoxLayout* row);
   void MakeButtons(QHBoxLayout* row);

@@ -11,6 +11,7 @@
 
 #include "desktop/desktop_fixture.h"
 #include "desktop/form_driver.h"
+#include "desktop/frm_mbox.h"
 #include "prices/frm_price_preview.h"
 #include "prices/frm_price_table.h"
 
@@ -382,6 +383,31 @@ TEST_F(frmPricesTest, TheTableSortsFiltersAndEditsInPlace) {
   EXPECT_EQ(saved.Items()[0].PriceItemPrice[0], "4.00");
   EXPECT_EQ(saved.Items()[2].PriceItemOptionalText, "the roll");
   EXPECT_EQ(saved.Items()[3].PriceItemPrice[1], "88.50");
+}
+
+// A message takes the focus, and with it the cell closes its box.
+TEST_F(frmPricesTest, ACellOutlivesTheMessageThatItsTextBrings) {
+  ScreenMessages screen;
+  Program shown{folder, session, screen};
+  PriceEditor prices = OpenPrices(scratch.Path());
+  PriceHistory history;
+  frmPriceTable table(shown, prices, history, 0);
+  ShowActive(table);
+  GoTo(table, 1, PriceColumn::Sku);
+  Keys("AB");
+  DriveModal<frmMbox>([] { Letter(QStringLiteral("\u03a9")); }, [](frmMbox&) { Key(Qt::Key_Return); });
+  GoTo(table, 2, PriceColumn::Level1);
+  Key(Qt::Key_F2);
+  QApplication::clipboard()->setText(QStringLiteral("99999999"));
+  Key(Qt::Key_V, Qt::ControlModifier);
+  DriveModal<frmMbox>(
+      [] {
+        Key(Qt::Key_Return);
+        QApplication::processEvents();  // the message comes behind the cell's end
+      },
+      [](frmMbox&) { Key(Qt::Key_Return); });
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "told once";
+  EXPECT_EQ(Cell(table, 1, PriceColumn::Sku) + " " + Cell(table, 2, PriceColumn::Level1), "AB 12.50");
 }
 
 TEST_F(frmPricesTest, AnImportShowsWhatItChangesAndIsUndoneAsAWhole) {
