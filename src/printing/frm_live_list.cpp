@@ -104,7 +104,9 @@ QVariant LiveListModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant LiveListModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  if (orientation != Qt::Horizontal) return {};
+  if (role == Qt::TextAlignmentRole && section == Amount) return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+  if (role != Qt::DisplayRole) return {};
   return section == Quantity ? tr("Quantity") : section == Amount ? tr("Amount") : tr("Description");
 }
 

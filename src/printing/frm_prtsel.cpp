@@ -268,7 +268,7 @@ QLayout* frmPrtSel::MakeCopies() {
 }
 
 void frmPrtSel::ShowPrinter() {
-  lblPrinter_->setText(setup_.printer.isEmpty() ? tr("Printer: the system's own") : tr("Printer: %1").arg(setup_.printer));
+  lblPrinter_->setText(setup_.printer.isEmpty() ? tr("Printer: the system's default") : tr("Printer: %1").arg(setup_.printer));
 }
 
 QLayout* frmPrtSel::MakeButtons() {

@@ -5,10 +5,14 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QRadioButton>
+#include <QTreeWidget>
+#include <set>
 
+#include "base/text.h"
 #include "delivered/sample_house.h"
 #include "desktop/desktop_fixture.h"
 #include "desktop/form_driver.h"
+#include "desktop/frm_text.h"
 #include "printing/frm_preview.h"
 #include "printing/frm_prtsel.h"
 #include "recording_printers.h"
@@ -16,6 +20,7 @@
 namespace norvale {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -74,6 +79,106 @@ TEST_F(PrintDispatchTest, EnterPrintsWhatIsTicked) {
   EXPECT_THAT(DocumentText(printers.jobs[0]), HasSubstr("1st FLOOR - FLOOR SYSTEM"));
 }
 
+// A two-level house on a crawl space has every part. The headings on the page are the captions in capitals.
+TEST_F(PrintDispatchTest, EachBoxAlonePrintsThePartOfItsCaption) {
+  session.CurrentEstimate = NewPlan(8 + 16 + 128);
+  Measure(session.CurrentEstimate);
+  std::set<std::string> captions;
+  for (const PrintBox box : kPrintBoxesOnScreen) captions.insert(UpperCase(CaptionOf(box)));
+  for (std::size_t alone = 0; alone < kPrintBoxes; ++alone) {
+    std::string caption;
+    printers.jobs.clear();
+    Print(PrintKind::Estimate, [&](frmPrtSel& form) {
+      for (std::size_t i = 0; i < kPrintBoxes; ++i) {
+        auto* const box = form.findChild<QCheckBox*>(InArray("chkPrtSel", i));
+        if (box->isChecked() != (i == alone)) QTest::keyClick(box, Qt::Key_Space);
+        if (i == alone) caption = UpperCase(box->text().toStdString());
+      }
+      Click(form, "cmdPrintOK");
+    });
+    ASSERT_THAT(printers.jobs, SizeIs(1));
+    std::set<std::string> headings;
+    for (const PageText& page : printers.jobs[0].pages)
+      for (const std::string& line : page)
+        if (const std::string text = UpperCase(Trim(line)); captions.count(text) != 0) headings.insert(text);
+    if (alone == static_cast<std::size_t>(PrintBox::Pricing))
+      EXPECT_THAT(headings, IsEmpty());
+    else
+      EXPECT_THAT(headings, ElementsAre(caption));
+  }
+}
+
+TEST_F(PrintDispatchTest, LinesWithoutAPriceAreListedBeforeTheyGoOut) {
+  session.CurrentEstimate = NewPlan(4);
+  Measure(session.CurrentEstimate);
+  Choose(session.CurrentEstimate, 6, 1);
+  session.CurrentEstimate.RoofSheathing.Assign("STRAW BALES");
+  Print(PrintKind::Estimate, [this](frmPrtSel& form) {
+    auto* const list = Find<QTreeWidget>(form, "lstUnpriced");
+    EXPECT_TRUE(list->isHidden());
+    QTest::keyClick(Find(form, "chkPrtSel_10"), Qt::Key_Space);
+    EXPECT_FALSE(list->isHidden());
+    std::vector<std::string> descriptions;
+    for (int row = 0; row < list->topLevelItemCount(); ++row) descriptions.push_back(list->topLevelItem(row)->text(1).toStdString());
+    EXPECT_THAT(descriptions, Contains(HasSubstr("STRAW BALES")));
+    // With its part left out, a line is no longer of concern.
+    QTest::keyClick(Find(form, "chkPrtSel_4"), Qt::Key_Space);
+    EXPECT_LT(list->topLevelItemCount(), static_cast<int>(descriptions.size()));
+    DriveModal<frmPreview>([&form] { Click(form, "cmdPreview"); },
+                           [&](frmPreview& preview) {
+                             EXPECT_EQ(preview.findChild<QLabel*>(QStringLiteral("lblMarks")) != nullptr, list->topLevelItemCount() > 0);
+                             Key(Qt::Key_Escape);
+                           });
+    Key(Qt::Key_Escape);
+  });
+}
+
+TEST_F(PrintDispatchTest, AFailedPrintBringsTheDialogBackAsItWas) {
+  session.CurrentEstimate = NewPlan(4);
+  printers.failingCopy = 0;
+  int shown = 0;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    auto* const form = qobject_cast<frmPrtSel*>(QApplication::activeModalWidget());
+    if (form == nullptr) return;
+    ++shown;
+    EXPECT_EQ(Find<QCheckBox>(*form, "chkPrtSel_4")->isChecked(), shown == 1);
+    Find<QCheckBox>(*form, "chkPrtSel_4")->setChecked(false);
+    Type(*form, "txtPrintCopies", shown == 1 ? "3" : "0");
+    Click(*form, "cmdPrintOK");
+  });
+  look.start(5);
+  asked.Expect(
+      Notice("The printer Front desk cannot be used: no paper. 0 of 3 copies went to the printer. What you chose is kept: select another "
+             "printer, or save the pages as a PDF."));
+  PrintDispatch(program, PrintKind::Estimate, nullptr, nullptr, printers);
+  EXPECT_EQ(shown, 2);
+  EXPECT_THAT(printers.jobs, SizeIs(1));  // no copies are one
+}
+
+TEST_F(PrintDispatchTest, AWorksheetNeedsAFoundation) {
+  asked.Expect(WithTitle("0 Please Select a Valid PLAN TYPE.|"));
+  Print(PrintKind::Worksheet, [](frmPrtSel& form) {
+    const auto ticked = [&form](std::size_t index) { return form.findChild<QCheckBox*>(InArray("chkPlanDesc", index))->isChecked(); };
+    Click(form, "cmdPrintOK");
+    EXPECT_EQ(Focus(), "chkPlanDesc_0");
+    QTest::keyClick(Find(form, "chkPlanDesc_10"), Qt::Key_Space);
+    EXPECT_FALSE(ticked(10)) << "a half story needs two levels";
+    QTest::keyClick(Find(form, "chkPlanDesc_0"), Qt::Key_Space);
+    QTest::keyClick(Find(form, "chkPlanDesc_3"), Qt::Key_Space);
+    EXPECT_FALSE(ticked(0)) << "one foundation clears the others";
+    QTest::keyClick(Find(form, "chkPlanDesc_10"), Qt::Key_Space);
+    EXPECT_TRUE(ticked(10));
+    QTest::keyClick(Find(form, "chkPlanDesc_4"), Qt::Key_Space);
+    Find<QRadioButton>(form, "optWorkSheet_2")->click();
+    Click(form, "cmdPrintOK");
+  });
+  ASSERT_THAT(printers.jobs, SizeIs(1));
+  const std::string text = DocumentText(printers.jobs[0]);
+  EXPECT_THAT(text, HasSubstr("1-1/2S Crawl W/ Att Garage"));
+  EXPECT_THAT(text, HasSubstr("Measurements Only"));
+}
+
 TEST_F(PrintDispatchTest, AnEmptyCustomerFileSaysSo) {
   asked.Expect(WithTitle("0 Customer File Is EMPTY!|"));
   Print(PrintKind::CustomerList, [](frmPrtSel& form) { Click(form, "cmdPrintOK"); });
@@ -92,8 +197,7 @@ TEST_F(PrintDispatchTest, TheListsTakeTheirRange) {
     return found;
   };
   const auto all = [](frmPrtSel& form) { Click(form, "cmdPrintOK"); };
-  EXPECT_THAT(titles(PrintKind::CustomerList, all),
-              ElementsAre("0003 Hill Homes", "0007 Oak Street Builders", "0012 Smith & Oakley"));
+  EXPECT_THAT(titles(PrintKind::CustomerList, all), ElementsAre("0003 Hill Homes", "0007 Oak Street Builders", "0012 Smith & Oakley"));
   // The company has a plan of its own.
   EXPECT_THAT(titles(PrintKind::EstimateList, all),
               ElementsAre("ESTIMATE LIST: Customer 1 to LA", "CUSTOMER NAME: 0000", "CUSTOMER NAME: 0003  Hill Homes",

@@ -1,5 +1,6 @@
 // Takes a picture of every form: norvale_screenshots DIR light|dark [POINTS]
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QFont>
 #include <QLineEdit>
@@ -38,6 +39,9 @@
 #include "prices/frm_prices.h"
 #include "prices/frm_waste.h"
 #include "prices/new_folder.h"
+#include "printing/frm_live_list.h"
+#include "printing/frm_preview.h"
+#include "printing/frm_prtsel.h"
 #include "shell/frm_address.h"
 #include "shell/frm_menu.h"
 #include "shell/frm_restore.h"
@@ -218,6 +222,34 @@ void TakeBackups(Camera& camera, Program& program) {
   camera.Take(form, "backup");
 }
 
+void TakePrinting(Camera& camera, Program& program) {
+  const ExchangeTables tables =
+      ImportTables(ReadWholeFile(std::filesystem::path(NORVALE_SOURCE_DIR) / "samples/plan-pier-tall-studs.json"));
+  program.session.CurrentEstimate = tables.plans.front();
+  SystemPrinters printers;
+  const std::pair<const char*, PrintKind> kinds[] = {{"print-customers", PrintKind::CustomerList},
+                                                     {"print-estimates", PrintKind::EstimateList},
+                                                     {"print-worksheet", PrintKind::Worksheet},
+                                                     {"print-estimate", PrintKind::Estimate}};
+  for (const auto& [name, kind] : kinds) {
+    frmPrtSel form(program, kind, nullptr, printers);
+    if (kind == PrintKind::Estimate) form.findChild<QCheckBox*>(QStringLiteral("chkPrtSel_10"))->click();
+    camera.Take(form, name);
+    if (kind != PrintKind::Estimate) continue;
+    const Prints prints = MakePrints(program.folder, program.session, form.Request(), "01-15-2026");
+    frmPreview preview(prints.document, {}, {});
+    preview.resize(1024, 700);
+    preview.show();
+    preview.findChild<PageView*>()->GoToPage(1);
+    camera.Take(preview, "preview");
+  }
+  LiveList list(program);
+  list.resize(list.minimumWidth(), 640);
+  list.show();
+  list.ShowPlan(program.session.CurrentEstimate);
+  camera.Take(list, "live-list");
+}
+
 int Run(QApplication& app, const QStringList& words) {
   if (words.size() < 3) return std::fputs("norvale_screenshots DIR light|dark [POINTS]\n", stderr), 2;
   const bool isDark = words[2] == QLatin1String("dark");
@@ -316,6 +348,7 @@ int Run(QApplication& app, const QStringList& words) {
   TakePrices(camera, program);
   TakeMaterials(camera, program);
   TakeBackups(camera, program);
+  TakePrinting(camera, program);
   frmHelp help(QStringLiteral("customers"));
   camera.Take(help, "help");
   return 0;
