@@ -141,10 +141,12 @@ TEST_F(PrintDispatchTest, AFailedPrintBringsTheDialogBackAsItWas) {
   QObject::connect(&look, &QTimer::timeout, [&] {
     auto* const form = qobject_cast<frmPrtSel*>(QApplication::activeModalWidget());
     if (form == nullptr) return;
+    look.stop();  // what follows lets other timers run
     ++shown;
     EXPECT_EQ(Find<QCheckBox>(*form, "chkPrtSel_4")->isChecked(), shown == 1);
     Find<QCheckBox>(*form, "chkPrtSel_4")->setChecked(false);
-    Type(*form, "txtPrintCopies", shown == 1 ? "3" : "0");
+    Find<QLineEdit>(*form, "txtPrintCopies")->setText(shown == 1 ? QStringLiteral("3") : QStringLiteral("0"));
+    if (shown == 1) look.start(5);
     Click(*form, "cmdPrintOK");
   });
   look.start(5);
