@@ -528,7 +528,9 @@ void frmDisplay::ShowForm() {
     const SelectionBox& choice = form_.combo1[list];
     box->setEnabled(choice.enabled);
     if (box->currentIndex() != choice.ListIndex) box->setCurrentIndex(choice.ListIndex);
-    box->setPlaceholderText(Shown(ToUtf8(choice.unlistedText)));
+    const QString unlisted = Shown(ToUtf8(choice.unlistedText));
+    box->setPlaceholderText(unlisted);
+    box->setToolTip(unlisted.isEmpty() ? QString() : tr("The list no longer has %1.").arg(unlisted));
   }
   for (std::size_t box = 0; box < kNumberBoxes; ++box) {
     if (TxtDisp_[box] == nullptr) continue;
@@ -601,6 +603,7 @@ void frmDisplay::FocusFault(bool isJoistBox, int box) {
   // A box that is shut holds it: opened, so that it can be mended.
   bool& enabled = isJoistBox ? form_.TxtDispJoist[box].enabled : form_.TxtDisp[box].enabled;
   enabled = true;
+  ShowScreen(form_, 0);
   ShowForm();
   NumberEdit* const edit = isJoistBox ? TxtDispJoist_[static_cast<std::size_t>(box)] : TxtDisp_[static_cast<std::size_t>(box)];
   if (edit != nullptr) edit->setFocus(Qt::OtherFocusReason);
