@@ -25,6 +25,7 @@ constexpr QColor kRing(0xFF, 0xFF, 0xE0);
 
 const Colours kLight{.band = kBand,
                      .bandText = QColor(0xFF, 0xFF, 0xFF),
+                     .bandQuiet = QColor(0x70, 0x76, 0x9C),
                      .ring = kRing,
                      .focus = QColor(0x1D, 0x5F, 0xB8),
                      .card = QColor(0xFF, 0xFF, 0xFF),
@@ -36,6 +37,7 @@ const Colours kLight{.band = kBand,
                      .warning = QColor(0xB3, 0x26, 0x1E)};
 const Colours kDark{.band = kBand,
                     .bandText = QColor(0xF0, 0xF3, 0xF8),
+                    .bandQuiet = QColor(0x70, 0x76, 0x9C),
                     .ring = kRing,
                     .focus = QColor(0x7D, 0xB4, 0xF5),
                     .card = QColor(0x2A, 0x2F, 0x38),

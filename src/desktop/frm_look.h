@@ -23,12 +23,13 @@ void ApplyLook(QApplication& app, Look look);
 struct Colours {
   QColor band;  // behind titles and behind the buttons of a message
   QColor bandText;
-  QColor ring;      // around the control that has the focus, on the band
-  QColor focus;     // the same elsewhere
-  QColor card;      // a menu button
-  QColor cardOver;  // under the mouse
-  QColor cardDown;  // pressed
-  QColor edge;      // around it
+  QColor bandQuiet;  // lines, and what is of no use at the moment, on the band
+  QColor ring;       // around the control that has the focus, on the band
+  QColor focus;      // the same elsewhere
+  QColor card;       // a menu button
+  QColor cardOver;   // under the mouse
+  QColor cardDown;   // pressed
+  QColor edge;       // around it
   QColor text;
   QColor quietText;
   QColor warning;  // what was typed and cannot be used

@@ -1,11 +1,8 @@
 #include "entry/frm_display.h"
 
-#include <QAbstractButton>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPainter>
-#include <QPainterPath>
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
@@ -23,6 +20,7 @@
 #include "desktop/frm_text.h"
 #include "entry/checklist.h"
 #include "entry/frm_boxes.h"
+#include "entry/frm_display_parts.h"
 #include "entry/frm_estsave.h"
 #include "entry/frm_live_panel.h"
 #include "entry/frm_newest.h"
@@ -55,107 +53,7 @@ QString SpokenName(const std::string& caption) {
   return name;
 }
 
-// A text that is cut with dots where the window leaves no room.
-class CutLabel : public QLabel {
- public:
-  CutLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
-    setTextFormat(Qt::PlainText);
-    setToolTip(text);
-  }
-
-  [[nodiscard]] QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
-  [[nodiscard]] bool IsCut() const { return fontMetrics().horizontalAdvance(text()) > contentsRect().width(); }
-
- protected:
-  void paintEvent(QPaintEvent* /*event*/) override {
-    QPainter painter(this);
-    painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, foregroundRole()));
-    painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter,
-                     fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()));
-  }
-};
-
-// The heading of five rows, behind a bracket that takes them together.
-class BracketLabel : public QLabel {
- public:
-  explicit BracketLabel(QWidget* parent) : QLabel(parent) { setContentsMargins(fontMetrics().height(), 0, 0, 0); }
-
- protected:
-  void paintEvent(QPaintEvent* event) override {
-    QLabel::paintEvent(event);
-    QPainter painter(this);
-    painter.setPen(ColoursOfLook().quietText);
-    const int depth = fontMetrics().height() / 3;
-    painter.drawPolyline(QPolygon({{0, 1}, {depth, 1}, {depth, height() - 2}, {0, height() - 2}}));
-  }
-};
-
 }  // namespace
-
-// One of the eleven marks: the screen's number, and a tick where it is complete.
-class ScreenMark : public QAbstractButton {
- public:
-  enum class State { Open, Complete, Unused };
-
-  ScreenMark(int screen, QWidget* parent) : QAbstractButton(parent), screen_(screen) {
-    setObjectName(InArray("cmdScreen", static_cast<std::size_t>(screen)));
-    // The box at hand keeps the focus: going to another screen asks nothing about it.
-    setFocusPolicy(Qt::NoFocus);
-    setAttribute(Qt::WA_Hover);
-  }
-
-  void Set(State state, bool isCurrent) {
-    if (state == state_ && isCurrent == isCurrent_ && !accessibleName().isEmpty()) return;
-    state_ = state;
-    isCurrent_ = isCurrent;
-    const char* const words = state == State::Open       ? QT_TR_NOOP("Screen %1, needs input")
-                              : state == State::Complete ? QT_TR_NOOP("Screen %1, complete")
-                                                         : QT_TR_NOOP("Screen %1, nothing to enter for this plan type");
-    setAccessibleName(tr(words).arg(screen_ + 1));
-    setToolTip(accessibleName());
-    update();
-  }
-
-  [[nodiscard]] QSize sizeHint() const override {
-    const int height = fontMetrics().height();
-    return {height * 2, height * 5 / 2};
-  }
-
- protected:
-  void paintEvent(QPaintEvent* /*event*/) override {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const Colours& colours = ColoursOfLook();
-    const qreal edge = isCurrent_ ? 2 : 1;
-    QColor quiet = colours.bandText;
-    quiet.setAlphaF(0.35F);
-    const QRectF outline = QRectF(rect()).adjusted(1, 1, -1, -1);
-    painter.setPen(QPen(isCurrent_ ? colours.ring : quiet, edge, state_ == State::Unused && !isCurrent_ ? Qt::DotLine : Qt::SolidLine));
-    QColor ground = colours.bandText;
-    ground.setAlphaF(underMouse() ? 0.25F : isCurrent_ ? 0.15F : 0.0F);
-    painter.setBrush(ground);
-    painter.drawRoundedRect(outline, 4, 4);
-
-    const int height = fontMetrics().height();
-    painter.setPen(isCurrent_ ? colours.ring : state_ == State::Unused ? quiet : colours.bandText);
-    painter.drawText(QRect(0, height / 5, width(), height), Qt::AlignCenter, QString::number(screen_ + 1));
-    const QPointF middle(width() / 2.0, height * 1.75);
-    const qreal size = height / 4.0;
-    if (state_ == State::Complete) {
-      QPainterPath tick(middle + QPointF(-size, 0));
-      tick.lineTo(middle + QPointF(-size / 4, size * 0.7));
-      tick.lineTo(middle + QPointF(size, -size * 0.7));
-      painter.setPen(QPen(colours.bandText, height / 8.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-      painter.setBrush(Qt::NoBrush);
-      painter.drawPath(tick);
-    }
-  }
-
- private:
-  int screen_;
-  State state_ = State::Open;
-  bool isCurrent_ = false;
-};
 
 frmDisplay::frmDisplay(Program& program, PlanForm& form, bool isPlanChanged, DisplayTasks tasks, QWidget* parent)
     : QDialog(parent), program_(program), form_(form), isPlanChanged_(isPlanChanged), tasks_(std::move(tasks)) {
@@ -267,9 +165,9 @@ void frmDisplay::MakePage(int screen) {
 void frmDisplay::MakeLine(QWidget* page, QGridLayout* grid, int line, int row) {
   const CaptionLine& placed = form_.lblLine[line];
   const auto index = static_cast<std::size_t>(line);
-  auto* const caption = new QLabel(Shown(ToUtf8(placed.caption)), page);
+  auto* const caption = new CutLabel(Shown(ToUtf8(placed.caption)), page);
   caption->setObjectName(InArray("lblLine", index));
-  if (placed.isIndented) caption->setIndent(fontMetrics().height());
+  if (placed.isIndented) caption->setContentsMargins(fontMetrics().height(), 0, 0, 0);
   grid->addWidget(caption, row, kCaption);
   lblLine_[index] = caption;
   auto* const hint = new CutLabel(Shown(ToUtf8(placed.hint)), page);
@@ -506,7 +404,7 @@ void frmDisplay::showEvent(QShowEvent* event) {
 
 void frmDisplay::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange && isActiveWindow()) lblStatus_->setText(QString::fromLatin1(kKeysLine));
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) ShowStatus();
 }
 
 void frmDisplay::keyPressEvent(QKeyEvent* event) {
@@ -576,8 +474,13 @@ void frmDisplay::FormChanged() {
 
 void frmDisplay::BoxEntered(QWidget* box, int line) {
   boxAtHand_ = box;
-  const auto* const hint = static_cast<CutLabel*>(lblHint_[static_cast<std::size_t>(line)]);
-  lblStatus_->setText(hint->IsCut() ? QLatin1Char(' ') + hint->text() : QString::fromLatin1(kKeysLine));
+  lineAtHand_ = line;
+  ShowStatus();
+}
+
+void frmDisplay::ShowStatus() {
+  const auto* const hint = lineAtHand_ < 0 ? nullptr : static_cast<CutLabel*>(lblHint_[static_cast<std::size_t>(lineAtHand_)]);
+  lblStatus_->setText(hint != nullptr && hint->IsCut() ? QLatin1Char(' ') + hint->text() : QString::fromLatin1(kKeysLine));
 }
 
 void frmDisplay::BackToBox() {
@@ -702,7 +605,7 @@ void frmDisplay::Print() {
   lblStatus_->setText(QString::fromLatin1(kPrintLine));
   StorePlanFromForm(form_, program_.session.CurrentEstimate);
   Try(program_.messages, [this] { tasks_.printEstimate(form_, this); });
-  lblStatus_->setText(QString::fromLatin1(kKeysLine));
+  ShowStatus();
 }
 
 void frmDisplay::Exit() {
@@ -770,13 +673,20 @@ void frmDisplay::AskAboutShutBoxes() {
 void frmDisplay::ToggleLive(bool shown) {
   if (shown && live_ == nullptr) {
     live_ = tasks_.makeLivePanel(this);
+    const int space = fontMetrics().height();
+    live_->setContentsMargins(0, space * 3 / 4, space * 3 / 2, space / 4);
     splitter_->addWidget(live_);
     splitter_->setStretchFactor(1, 1);
+    // What to enter is cut off first: the status line shows it for the box at hand.
+    const int page = std::max(Page_->minimumSizeHint().width(), std::min(Page_->sizeHint().width(), width() * 6 / 10));
+    splitter_->setSizes({page, width() - page});
   }
   live_->setVisible(shown);
   liveTimer_->start();
   // Typing goes on where it was.
   BackToBox();
+  // Once everything has its place.
+  QMetaObject::invokeMethod(this, &frmDisplay::ShowStatus, Qt::QueuedConnection);
 }
 
 }  // namespace norvale

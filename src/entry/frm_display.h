@@ -74,6 +74,7 @@ class frmDisplay : public QDialog {
   void ShowFrame();  // what stands around the lines
   void FormChanged();
   void BoxEntered(QWidget* box, int line);
+  void ShowStatus();
   void BackToBox();
   void FocusLine(int line);
   void FocusFault(bool isJoistBox, int box);
@@ -120,6 +121,7 @@ class frmDisplay : public QDialog {
   };
   Choice choiceBefore_{};         // of the list that has the focus
   QWidget* boxAtHand_ = nullptr;  // the one that had the focus last
+  int lineAtHand_ = -1;           // where it stands
 
   QLabel* PageLabel_ = nullptr;
   QLabel* Label1_ = nullptr;

@@ -32,7 +32,6 @@ constexpr const char* kRequired = "0 This Entry is REQUIRED for calculations!|No
 constexpr const char* kExitQuestion = "2 Exit Data Entry for Plan: A|Exit";
 
 QComboBox& List(QWidget& form, int list) { return *Find<QComboBox>(form, ("combo1_" + std::to_string(list)).c_str()); }
-std::string NumberName(int box) { return "TxtDisp_" + std::to_string(box); }
 
 class frmDisplayTest : public DesktopTest {
  protected:
@@ -52,13 +51,17 @@ class frmDisplayTest : public DesktopTest {
     record = OpenPlanForm(mode, isTypeChanged, plan, DeliveredScreenLines(), DeliveredMaterialRows());
   }
 
-  // Shows the form and drives it until it closes. Returns whether nothing is to be appended.
+  // Shows the form, drives it, and closes it where `drive` has not. Returns whether nothing is to be appended.
   template <typename Drive>
   bool Run(Drive drive, bool isPlanChanged = false, DisplayTasks tasks = {}) {
     if (!tasks.printEstimate) tasks.printEstimate = [this](const PlanForm&, QWidget*) { ++prints; };
     tasks.keepDraft = [this] { ++drafts; };
     frmDisplay form(program, record, isPlanChanged, std::move(tasks));
-    DriveModal<frmDisplay>([&] { form.exec(); }, drive);
+    DriveModal<frmDisplay>([&] { form.exec(); },
+                           [&drive](frmDisplay& shown) {
+                             drive(shown);
+                             shown.done(0);
+                           });
     return form.PlanCancelled();
   }
 
@@ -67,7 +70,6 @@ class frmDisplayTest : public DesktopTest {
     if (IsOpened(record.mode)) asked.Expect(kExitQuestion, Answer::Yes);
     DriveModal<frmEstsave>([] { Key(Qt::Key_X, Qt::AltModifier); }, [key](frmEstsave&) { Key(key); });
   }
-  void LeaveWithoutSaving() { LeaveBy(Qt::Key_N); }
 
   [[nodiscard]] EstimateRecord StoredPlan() const { return ReadAllEstimates(scratch.Path()).front(); }
 
@@ -78,7 +80,7 @@ class frmDisplayTest : public DesktopTest {
 
 void GoToBox(frmDisplay& form, const PlanForm& record, int box) {
   QTest::mouseClick(Find(form, ("cmdScreen_" + std::to_string(ScreenOfNumber(record, box))).c_str()), Qt::LeftButton);
-  Find(form, NumberName(box).c_str())->setFocus();
+  Find(form, ("TxtDisp_" + std::to_string(box)).c_str())->setFocus();
 }
 
 void Paste(const char* text) {
@@ -88,32 +90,39 @@ void Paste(const char* text) {
 
 TEST_F(frmDisplayTest, ANumberIsHeldToItsLimitsWhenItsBoxIsLeft) {
   struct Case {
-    const char* typed;  // a minus sign can only be pasted
+    const char* box;
+    const char* typed;  // what no key gives is pasted
     const char* shown;
     const char* message;
   };
+  constexpr const char* kLength = "TxtDisp_2";
+  constexpr const char* kOverall = "TxtDisp_3";  // may be empty
+  constexpr const char* kJoist = "TxtDispJoist_0";
+  const std::map<std::string, std::string> next = {{kLength, kOverall}, {kOverall, "cmdDISP1"}, {kJoist, "TxtDisp_27"}};
+  // clang-format off
   const Case cases[] = {
-      {"", "", kRequired},   {"0", "", kRequired},      {"0.001", "", kRequired},     {"0.01", "1", ""},       {"1", "1", ""},
-      {"1.01", "2", ""},     {"32767", "32767", ""},    {"32768", "32768", kLarge},   {"1a2 b,3-", "123", ""}, {"-6", "6", kSmall},
-      {"1,200", "1200", ""}, {"twelve", "", kRequired}, {"32767.01", "32768", kLarge}};
+      {kLength, "", "", kRequired}, {kLength, "0", "", kRequired}, {kLength, "0.001", "", kRequired}, {kLength, "twelve", "", kRequired},
+      {kLength, "0.01", "1", ""}, {kLength, "1", "1", ""}, {kLength, "1.01", "2", ""}, {kLength, "1a2 b,3-", "123", ""},
+      {kLength, "1,200", "1200", ""}, {kLength, "32767", "32767", ""}, {kLength, "32768", "32768", kLarge}, {kLength, "-6", "6", kSmall},
+      {kOverall, "", "", ""}, {kOverall, "32768", "32768", kLarge}, {kJoist, "0", "", ""}, {kJoist, "1", "8", ""}, {kJoist, "5", "8", ""},
+      {kJoist, "7", "8", ""}, {kJoist, "8", "8", ""}, {kJoist, "9", "10", ""}, {kJoist, "-9", "10", kSmall}, {kJoist, "32767", "32767", kLarge}};
+  // clang-format on
   for (const Case& c : cases)
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Backtab}) {
-      SCOPED_TRACE(c.typed);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab}) {
+      SCOPED_TRACE(std::string(c.box) + " " + c.typed);
       Open(PlanMode::New, kOneStoryCrawl);
       Run([&](frmDisplay& form) {
-        GoToBox(form, record, 2);
-        if (*c.typed == '-' || std::string_view(c.typed) == "1,200" || std::string_view(c.typed) == "twelve")
-          Paste(c.typed);
-        else
-          Keys(c.typed);
-        if (*c.message != '\0') asked.Expect(c.message);
+        GoToBox(form, record, c.box == kJoist ? 26 : 2);
+        Find(form, c.box)->setFocus();
+        const bool isPasted = *c.typed == '-' || *c.typed == 't' || c.typed == std::string("1,200");
+        isPasted ? Paste(c.typed) : *c.typed == '\0' ? Key(Qt::Key_Delete) : Keys(c.typed);
+        const bool isTold = *c.message != '\0';
+        if (isTold) asked.Expect(c.message);
         Key(key);
         asked.ExpectAllAsked();
-        EXPECT_EQ(Text(form, "TxtDisp_2"), c.shown);
-        EXPECT_EQ(Focus(), *c.message != '\0' ? "TxtDisp_2" : key == Qt::Key_Backtab ? "TxtDisp_1" : "TxtDisp_3");
-        EXPECT_EQ(Find<QLineEdit>(form, "TxtDisp_2")->selectedText().toStdString(), *c.message != '\0' ? c.shown : "");
-        Type(form, "TxtDisp_2", "5");
-        LeaveWithoutSaving();
+        EXPECT_EQ(Text(form, c.box), c.shown);
+        EXPECT_EQ(Focus(), isTold ? c.box : next.at(c.box));
+        EXPECT_EQ(Find<QLineEdit>(form, c.box)->selectedText().toStdString(), isTold ? c.shown : "");
       });
     }
 }
@@ -136,31 +145,6 @@ TEST_F(frmDisplayTest, WhatWasAskedForOnceIsLetPass) {
     EXPECT_EQ(Focus(), "cmdDISP1");
     Key(Qt::Key_Escape);
   });
-}
-
-TEST_F(frmDisplayTest, AJoistLengthIsEvenFeetFromEight) {
-  struct Case {
-    const char* typed;
-    const char* shown;
-    const char* message;
-  };
-  for (const Case& c : {Case{"0", "", ""}, Case{"1", "8", ""}, Case{"5", "8", ""}, Case{"7", "8", ""}, Case{"8", "8", ""},
-                        Case{"9", "10", ""}, Case{"-9", "10", kSmall}, Case{"32767", "32767", kLarge}}) {
-    Open(PlanMode::New, kOneStoryCrawl);
-    Run([&](frmDisplay& form) {
-      GoToBox(form, record, 26);
-      Keys("40");
-      Key(Qt::Key_Return);
-      EXPECT_EQ(Focus(), "TxtDispJoist_0");
-      *c.typed == '-' ? Paste(c.typed) : Keys(c.typed);
-      if (*c.message != '\0') asked.Expect(c.message);
-      Key(Qt::Key_Return);
-      asked.ExpectAllAsked();
-      EXPECT_EQ(Text(form, "TxtDispJoist_0"), c.shown) << c.typed;
-      EXPECT_EQ(Focus(), *c.message != '\0' ? "TxtDispJoist_0" : "TxtDisp_27") << c.typed;
-      LeaveWithoutSaving();
-    });
-  }
 }
 
 TEST_F(frmDisplayTest, ButtonsAndPagesAskNothingAboutTheBoxAtHand) {
@@ -188,17 +172,21 @@ TEST_F(frmDisplayTest, ButtonsAndPagesAskNothingAboutTheBoxAtHand) {
         EXPECT_EQ(Find<QLabel>(form, "PageLabel")->text().toStdString(), "Screen " + std::to_string(way.screen + 1) + " Of 11");
         EXPECT_EQ(drafts, before + 1) << way.name;
         EXPECT_EQ(record.TxtDisp[1].text, *text == '1' ? "156" : text) << way.name;
-        record.mark == ChangeMark::None ? Key(Qt::Key_Escape) : LeaveWithoutSaving();
       });
     }
 }
 
-TEST_F(frmDisplayTest, TheScreensWithoutAUsableLineAreSteppedOver) {
+TEST_F(frmDisplayTest, ScreensAreMarkedAndThoseWithoutAUsableLinePassedOver) {
   Open(PlanMode::New, kOneStorySlab);
   Run([this](frmDisplay& form) {
     EXPECT_EQ(Focus(), "combo1_2") << "the first two lists are shut";
     EXPECT_FALSE(Find(form, "lblLine_0")->isEnabled());
-    Key(Qt::Key_PageDown), Key(Qt::Key_PageDown), Key(Qt::Key_PageDown);
+    EXPECT_EQ(Find(form, "cmdScreen_1")->accessibleName(), QStringLiteral("Screen 2, needs input"));
+    EXPECT_EQ(Find(form, "cmdScreen_3")->accessibleName(), QStringLiteral("Screen 4, nothing to enter for this plan type"));
+    GoToBox(form, record, 0);
+    Keys("150");
+    EXPECT_EQ(Find(form, "cmdScreen_1")->accessibleName(), QStringLiteral("Screen 2, complete"));
+    Key(Qt::Key_PageDown), Key(Qt::Key_PageDown);
     EXPECT_EQ(record.CurrentScreen, 5);
     EXPECT_EQ(Focus(), "TxtDisp_24");
     Key(Qt::Key_PageUp);
@@ -210,22 +198,6 @@ TEST_F(frmDisplayTest, TheScreensWithoutAUsableLineAreSteppedOver) {
     for (int i = 0; i < 9; ++i) Key(Qt::Key_PageDown);
     EXPECT_FALSE(Find(form, "cmdDISP1")->isEnabled());
     EXPECT_TRUE(Find(form, "cmdDISP3")->isEnabled());
-    Key(Qt::Key_Escape);
-  });
-}
-
-TEST_F(frmDisplayTest, TheMarksTellWhichScreensAreComplete) {
-  Open(PlanMode::New, kOneStorySlab);
-  Run([this](frmDisplay& form) {
-    const auto state = [&](int screen) {
-      return Find(form, ("cmdScreen_" + std::to_string(screen)).c_str())->accessibleName().toStdString();
-    };
-    EXPECT_EQ(state(1), "Screen 2, needs input");
-    EXPECT_EQ(state(3), "Screen 4, nothing to enter for this plan type");
-    GoToBox(form, record, 0);
-    Keys("150");
-    EXPECT_EQ(state(1), "Screen 2, complete");
-    LeaveWithoutSaving();
   });
 }
 
@@ -256,7 +228,6 @@ TEST_F(frmDisplayTest, PrintLeadsToWhatIsMissing) {
     print({}, "cmdDISP3");
     EXPECT_EQ(prints, 1);
     EXPECT_EQ(session.CurrentEstimate.SillLft[0], 78) << "the plan is in the record before it is printed";
-    LeaveWithoutSaving();
   });
 }
 
@@ -264,14 +235,14 @@ TEST_F(frmDisplayTest, ExitSavesWhatIsChosen) {
   const struct {
     PlanMode mode;
     Qt::Key key;
-    bool cancelled;
     bool stays;
+    bool cancelled;
     int onDisk;
   } cases[] = {
-      {PlanMode::Existing, Qt::Key_S, true, false, 150},   {PlanMode::Existing, Qt::Key_A, false, false, 0},
-      {PlanMode::Existing, Qt::Key_N, true, false, 0},     {PlanMode::Existing, Qt::Key_C, true, true, 0},
-      {PlanMode::Existing, Qt::Key_Escape, true, true, 0}, {PlanMode::New, Qt::Key_S, false, false, 0},
-      {PlanMode::New, Qt::Key_N, true, false, 0},          {PlanMode::New, Qt::Key_Escape, true, true, 0},
+      {PlanMode::Existing, Qt::Key_S, false, true, 150},    {PlanMode::Existing, Qt::Key_A, false, false, 0},
+      {PlanMode::Existing, Qt::Key_N, false, true, 0},      {PlanMode::Existing, Qt::Key_C, true, false, 0},
+      {PlanMode::Existing, Qt::Key_Escape, true, false, 0}, {PlanMode::New, Qt::Key_S, false, false, 0},
+      {PlanMode::New, Qt::Key_N, false, true, 0},           {PlanMode::New, Qt::Key_Escape, true, false, 0},
   };
   for (const auto& c : cases) {
     Open(c.mode, kOneStoryCrawl);
@@ -280,9 +251,7 @@ TEST_F(frmDisplayTest, ExitSavesWhatIsChosen) {
                 Keys("149.3");
                 LeaveBy(c.key);
                 EXPECT_EQ(form.isVisible(), c.stays);
-                if (!c.stays) return;
-                EXPECT_EQ(Focus(), "TxtDisp_0");
-                LeaveWithoutSaving();
+                EXPECT_EQ(Focus() == "TxtDisp_0", c.stays);
               }),
               c.cancelled);
     if (IsOpened(c.mode)) {
@@ -300,15 +269,13 @@ TEST_F(frmDisplayTest, AFormWithoutChangesIsLeftWithoutAQuestion) {
       Key(Qt::Key_Escape);
     })) << "looking at a plan is no change";
   }
-  Open(PlanMode::Existing, kTwoLevelCrawl);
-  EXPECT_TRUE(Run(
-      [this](frmDisplay& form) {
-        asked.Expect(kExitQuestion, Answer::No);
-        form.close();
-        EXPECT_TRUE(form.isVisible());
-        LeaveWithoutSaving();
-      },
-      true));
+  // Unless the checklist has changed it.
+  const auto stay = [this](frmDisplay& form) {
+    asked.Expect(kExitQuestion, Answer::No);
+    form.close();
+    EXPECT_TRUE(form.isVisible());
+  };
+  Run(stay, true);
 }
 
 TEST_F(frmDisplayTest, ASaveThatFailsKeepsTheForm) {
@@ -335,19 +302,18 @@ TEST_F(frmDisplayTest, ASaveThatFailsKeepsTheForm) {
 TEST_F(frmDisplayTest, AFormThatIsShownAgainKeepsItsMarks) {
   Open(PlanMode::New, kOneStoryCrawl);
   frmDisplay form(program, record, false, {});
-  DriveModal<frmDisplay>([&] { form.exec(); },
-                         [this](frmDisplay& shown) {
-                           GoToBox(shown, record, 0);
-                           Keys("150");
-                           LeaveBy(Qt::Key_S);
-                         });
+  const auto show = [&](auto drive) { DriveModal<frmDisplay>([&] { form.exec(); }, drive); };
+  show([this](frmDisplay& shown) {
+    GoToBox(shown, record, 0);
+    Keys("150");
+    LeaveBy(Qt::Key_S);
+  });
   EXPECT_FALSE(form.PlanCancelled());
-  DriveModal<frmDisplay>([&] { form.exec(); },
-                         [this](frmDisplay& shown) {
-                           EXPECT_EQ(Text(shown, "TxtDisp_0"), "150");
-                           EXPECT_EQ(record.CurrentScreen, 1);
-                           LeaveWithoutSaving();
-                         });
+  show([this](frmDisplay& shown) {
+    EXPECT_EQ(Text(shown, "TxtDisp_0"), "150");
+    EXPECT_EQ(record.CurrentScreen, 1);
+    LeaveBy(Qt::Key_N);
+  });
   EXPECT_TRUE(form.PlanCancelled());
 }
 
@@ -372,7 +338,6 @@ TEST_F(frmDisplayTest, CtrlZGivesBackWhatStoodThere) {
     Key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(ShownText(record.combo1[7]), "GONE FROM THE LIST");
     EXPECT_EQ(List(form, 7).currentIndex(), -1);
-    LeaveWithoutSaving();
   });
 }
 
@@ -390,29 +355,20 @@ TEST_F(frmDisplayTest, ListsAreWorkedByKeysAndNotByTheWheel) {
     List(form, 1).setFocus();
     Keys("3/4");
     EXPECT_EQ(ShownText(record.combo1[1]), "4X8- 3/4 T&G PLYWOOD");
-    list.setFocus();
+    // The major girder opens the lines below it.
+    QTest::mouseClick(Find(form, "cmdScreen_3"), Qt::LeftButton);
+    List(form, 17).setFocus();
+    Key(Qt::Key_Home);
+    EXPECT_FALSE(Find(form, "TxtDisp_4")->isEnabled() || Find(form, "lblLine_23")->isEnabled() || Find(form, "lblc1")->isVisible());
+    Key(Qt::Key_Down), Key(Qt::Key_Down);
+    EXPECT_TRUE(Find(form, "TxtDisp_4")->isEnabled() && Find(form, "lblLine_23")->isEnabled());
+    EXPECT_EQ(Find<QLabel>(form, "lblc1")->text() + Find<QLabel>(form, "lblc2")->text(), QStringLiteral("3 Mbr4 Mbr"));
+    QTest::mouseClick(Find(form, "cmdScreen_0"), Qt::LeftButton);
     for (const auto& [key, modifier] : {std::pair{Qt::Key_F4, Qt::NoModifier}, std::pair{Qt::Key_Down, Qt::AltModifier}}) {
       QTest::keyClick(&list, key, modifier);
       EXPECT_TRUE(list.view()->isVisible());
       list.hidePopup();
     }
-    LeaveWithoutSaving();
-  });
-}
-
-TEST_F(frmDisplayTest, AChoiceOpensAndShutsTheLinesThatDependOnIt) {
-  Open(PlanMode::New, kOneStoryCrawl);
-  Run([this](frmDisplay& form) {
-    QTest::mouseClick(Find(form, "cmdScreen_3"), Qt::LeftButton);
-    List(form, 17).setFocus();
-    Key(Qt::Key_Home);
-    EXPECT_FALSE(Find(form, "TxtDisp_4")->isEnabled());
-    EXPECT_FALSE(Find(form, "lblLine_23")->isEnabled());
-    EXPECT_FALSE(Find(form, "lblc1")->isVisible());
-    Key(Qt::Key_Down), Key(Qt::Key_Down);
-    EXPECT_TRUE(Find(form, "lblLine_23")->isEnabled());
-    EXPECT_EQ(Find<QLabel>(form, "lblc1")->text() + Find<QLabel>(form, "lblc2")->text(), QStringLiteral("3 Mbr4 Mbr"));
-    LeaveWithoutSaving();
   });
 }
 
@@ -422,13 +378,8 @@ TEST_F(frmDisplayTest, AChangedTypeAsksOnceAboutWhatItShut) {
     session.CurrentEstimate.ExtWallLftSecondFloor = 140;
     record = OpenPlanForm(PlanMode::Existing, true, session.CurrentEstimate, DeliveredScreenLines(), DeliveredMaterialRows());
     asked.Expect(std::string(kClearShutBoxesQuestion), answer);
-    Run(
-        [this](frmDisplay&) {
-          QApplication::processEvents();
-          asked.ExpectAllAsked();
-          LeaveWithoutSaving();
-        },
-        true);
+    Run([](frmDisplay&) { QApplication::processEvents(); }, true);
+    asked.ExpectAllAsked();
     EXPECT_EQ(record.TxtDisp[42].text, answer == Answer::Yes ? "" : "140");
   }
 }
@@ -447,23 +398,22 @@ class CountingPanel final : public LivePanel {
 TEST_F(frmDisplayTest, TheLiveListFollowsTheKeysWithoutBeingInTheirWay) {
   Open(PlanMode::New, kOneStoryCrawl);
   CountingPanel* panel = nullptr;
-  Run(
-      [&](frmDisplay& form) {
-        GoToBox(form, record, 0);
-        EXPECT_EQ(panel, nullptr) << "off until it is asked for";
-        Key(Qt::Key_L, Qt::AltModifier);
-        EXPECT_EQ(Focus(), "TxtDisp_0");
-        ASSERT_NE(panel, nullptr);
-        const int before = panel->shown;
-        for (const char c : {'1', '5', '0'}) QTest::keyClick(QApplication::focusWidget(), c);
-        EXPECT_EQ(panel->shown, before) << "not while keys wait";
-        QApplication::processEvents();
-        EXPECT_EQ(panel->shown, before + 1);
-        EXPECT_EQ(panel->walls, 150);
-        EXPECT_EQ(session.CurrentEstimate.ExtWallLftFirstFloor, 0) << "a copy";
-        LeaveWithoutSaving();
-      },
-      false, {.printEstimate = {}, .keepDraft = {}, .makeLivePanel = [&](QWidget* parent) { return panel = new CountingPanel(parent); }});
+  const auto type = [&](frmDisplay& form) {
+    GoToBox(form, record, 0);
+    EXPECT_EQ(panel, nullptr) << "off until it is asked for";
+    Key(Qt::Key_L, Qt::AltModifier);
+    EXPECT_EQ(Focus(), "TxtDisp_0");
+    ASSERT_NE(panel, nullptr);
+    const int before = panel->shown;
+    for (const char c : {'1', '5', '0'}) QTest::keyClick(QApplication::focusWidget(), c);
+    EXPECT_EQ(panel->shown, before) << "not while keys wait";
+    QApplication::processEvents();
+    EXPECT_EQ(panel->shown, before + 1);
+    EXPECT_EQ(panel->walls, 150);
+    EXPECT_EQ(session.CurrentEstimate.ExtWallLftFirstFloor, 0) << "a copy";
+  };
+  Run(type, false,
+      {.printEstimate = {}, .keepDraft = {}, .makeLivePanel = [&](QWidget* parent) { return panel = new CountingPanel(parent); }});
 }
 
 // --- A whole plan by keys
@@ -480,13 +430,18 @@ std::string BytesOf(const EstimateRecord& plan) {
   return bytes;
 }
 
+// Chooses a row of the list that has the focus.
+void PickRow(int row) {
+  Key(Qt::Key_Home);
+  for (int i = 0; i < row; ++i) Key(Qt::Key_Down);
+}
+
 // Types what the sample holds into the box that has the focus and goes on with Enter.
 void TypeOver(PlanForm& record, const PlanForm& sample, AskedMessages& asked) {
   const std::string focus = Focus();
   const int index = std::stoi(focus.substr(focus.find('_') + 1));
   if (focus.starts_with("combo1")) {
-    Key(Qt::Key_Home);
-    for (int row = 0; row < sample.combo1[index].ListIndex; ++row) Key(Qt::Key_Down);
+    PickRow(sample.combo1[index].ListIndex);
     return Key(Qt::Key_Return);
   }
   const bool isJoist = focus.starts_with("TxtDispJoist");
@@ -500,12 +455,6 @@ void TypeOver(PlanForm& record, const PlanForm& sample, AskedMessages& asked) {
   if (isAsked) Key(Qt::Key_Return);
 }
 
-void Pick(QWidget& form, const char* name, int row) {
-  Find<QComboBox>(form, name)->setFocus();
-  Key(Qt::Key_Home);
-  for (int i = 0; i < row; ++i) Key(Qt::Key_Down);
-}
-
 void TypeRoof(frmROOF& form, const EstimateRecord& sample) {
   for (const RoofPlane& plane : sample.RoofPlanes) {
     if (plane.SectionType == 0) continue;
@@ -513,9 +462,11 @@ void TypeRoof(frmROOF& form, const EstimateRecord& sample) {
     Find<QRadioButton>(form, ("optRoof_" + std::to_string(plane.SectionType)).c_str())->click();
     Type(form, "txtSection", std::to_string(plane.SectionLength / 12).c_str());
     Type(form, "txtRafterRun", std::to_string(plane.RafterRun / 12).c_str());
-    Pick(form, "cboRafter", plane.RafterIndex);
-    Pick(form, "cboPitch", plane.PitchIndex);
-    Pick(form, "cboRFType", plane.FramingType);
+    for (const auto& [list, row] :
+         {std::pair{"cboRafter", plane.RafterIndex}, std::pair{"cboPitch", plane.PitchIndex}, std::pair{"cboRFType", plane.FramingType}}) {
+      Find(form, list)->setFocus();
+      PickRow(row);
+    }
   }
   Click(form, "cmdDONE");
   Type(form, "txtTWOxSIX_0", std::to_string(sample.CeilingJoistLft2X6[0]).c_str());
@@ -617,18 +568,17 @@ class FrmnewestTest : public frmDisplayTest {
 };
 
 TEST_F(FrmnewestTest, HandsOverWhatWasTypedWithEnter) {
-  EXPECT_EQ(RunSheet(kOneStorySlab | kAttachedGarage,
-                     [](Frmnewest& form) {
-                       EXPECT_FALSE(Find(form, "txtfootage_1")->isEnabled()) << "no porch";
-                       for (const char* const text : {"1999.2", "400", "6", "120", "20", "14.5", "2", "24", "10"}) {
-                         Keys(text);
-                         Key(Qt::Key_Return);
-                       }
-                       EXPECT_EQ(Text(form, "txtfootage_0"), "2000");
-                       EXPECT_EQ(Focus(), "cmdOK");
-                       Key(Qt::Key_Return);
-                     }),
-            QDialog::Accepted);
+  const auto type = [](Frmnewest& form) {
+    EXPECT_FALSE(Find(form, "txtfootage_1")->isEnabled()) << "no porch";
+    for (const char* const text : {"1999.2", "400", "6", "120", "20", "14.5", "2", "24", "10"}) {
+      Keys(text);
+      Key(Qt::Key_Return);
+    }
+    EXPECT_EQ(Text(form, "txtfootage_0"), "2000");
+    EXPECT_EQ(Focus(), "cmdOK");
+    Key(Qt::Key_Return);
+  };
+  EXPECT_EQ(RunSheet(kOneStorySlab | kAttachedGarage, type), QDialog::Accepted);
   EXPECT_EQ(record.TxtDisp[25].text, "2000");
   EXPECT_EQ(record.TxtDisp[34].text, "400");
   EXPECT_EQ(record.TxtDisp[51].text, "85");
@@ -638,43 +588,41 @@ TEST_F(FrmnewestTest, HandsOverWhatWasTypedWithEnter) {
 }
 
 TEST_F(FrmnewestTest, AsksForAMissingWidthOnceAndRefusesWhatIsTooLarge) {
-  EXPECT_EQ(RunSheet(kOneStorySlab,
-                     [this](Frmnewest& form) {
-                       Type(form, "txtfootage_4", "6");
-                       Type(form, "txtfootage_8", "3");
-                       Key(Qt::Key_Tab);
-                       EXPECT_EQ(Focus(), "GableWidths_0");
-                       Keys("24");
-                       asked.Expect(kRequired);
-                       Click(form, "cmdOK");
-                       EXPECT_EQ(Focus(), "GableWidths_1");
-                       Type(form, "txtfootage_0", "32768");
-                       asked.Expect(kLarge);
-                       Click(form, "cmdOK");
-                       EXPECT_EQ(Focus(), "txtfootage_0");
-                       Type(form, "txtfootage_0", "32767");
-                       asked.Expect(kLarge);  // the roof over it
-                       Click(form, "cmdOK");
-                       asked.ExpectAllAsked();
-                       Type(form, "txtfootage_0", "1000");
-                       Click(form, "cmdOK");
-                     }),
-            QDialog::Accepted);
+  const auto type = [this](Frmnewest& form) {
+    Type(form, "txtfootage_4", "6");
+    Type(form, "txtfootage_8", "3");
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Focus(), "GableWidths_0");
+    Keys("24");
+    asked.Expect(kRequired);
+    Click(form, "cmdOK");
+    EXPECT_EQ(Focus(), "GableWidths_1");
+    Type(form, "txtfootage_0", "32768");
+    asked.Expect(kLarge);
+    Click(form, "cmdOK");
+    EXPECT_EQ(Focus(), "txtfootage_0");
+    Type(form, "txtfootage_0", "32767");
+    asked.Expect(kLarge);  // the roof over it
+    Click(form, "cmdOK");
+    asked.ExpectAllAsked();
+    Type(form, "txtfootage_0", "1000");
+    Click(form, "cmdOK");
+  };
+  EXPECT_EQ(RunSheet(kOneStorySlab, type), QDialog::Accepted);
   EXPECT_EQ(record.TxtDisp[51].text, "72");
 }
 
 TEST_F(FrmnewestTest, IsDroppedWithoutAWordOnlyWhileItIsEmpty) {
   EXPECT_EQ(RunSheet(kOneStorySlab, [](Frmnewest&) { Key(Qt::Key_Escape); }), QDialog::Rejected);
-  EXPECT_EQ(RunSheet(kOneStorySlab,
-                     [this](Frmnewest& form) {
-                       Keys("1000");
-                       asked.Expect("2 Leave the preliminary measurements without using them?|prelim measurements", Answer::No);
-                       Key(Qt::Key_Escape);
-                       EXPECT_TRUE(form.isVisible());
-                       asked.Expect("2 Leave the preliminary measurements without using them?|prelim measurements", Answer::Yes);
-                       form.close();
-                     }),
-            QDialog::Rejected);
+  const auto leave = [this](Frmnewest& form) {
+    Keys("1000");
+    asked.Expect("2 Leave the preliminary measurements without using them?|prelim measurements", Answer::No);
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(form.isVisible());
+    asked.Expect("2 Leave the preliminary measurements without using them?|prelim measurements", Answer::Yes);
+    form.close();
+  };
+  EXPECT_EQ(RunSheet(kOneStorySlab, leave), QDialog::Rejected);
   EXPECT_EQ(record.mark, ChangeMark::None);
 }
 

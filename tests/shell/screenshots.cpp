@@ -126,13 +126,18 @@ class Camera {
 void TakeScreens(Camera& camera, Program& program, const char* file, const std::string& name) {
   program.session.CurrentEstimate = Sample(file);
   PlanForm form = OpenPlanForm(PlanMode::Existing, false, program.session.CurrentEstimate, DeliveredScreenLines(), DeliveredMaterialRows());
-  frmDisplay display(program, form, false, {.printEstimate = [](const PlanForm&, QWidget*) {}, .keepDraft = {}, .makeLivePanel = {}});
+  frmDisplay display(program, form, false,
+                     {.printEstimate = [](const PlanForm&, QWidget*) {},
+                      .keepDraft = {},
+                      .makeLivePanel = [&](QWidget* parent) { return new LiveList(program, parent); }});
   display.resize(1024, 700);
   camera.Take(display, (name + "-1").c_str());
   for (int screen = 1; screen <= ScreenCount; ++screen) {
     display.findChild<QAbstractButton*>(QStringLiteral("cmdScreen_%1").arg(screen))->click();
     camera.Take(display, (name + "-" + std::to_string(screen + 1)).c_str());
   }
+  display.findChild<QPushButton*>(QStringLiteral("cmdLive"))->click();
+  camera.Take(display, (name + "-live").c_str());
   display.hide();
 }
 
