@@ -44,14 +44,18 @@ void DressTables(QTextFrame& frame) {
   }
 }
 
-// Pictures of forms, no wider than the text.
-void FitPictures(QTextDocument& document, const QDir& folder) {
+// Pictures of forms, no wider than the text. False where one is missing.
+bool FitPictures(QTextDocument& document, const QDir& folder) {
   for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
     for (auto at = block.begin(); !at.atEnd(); ++at) {
       const QTextCharFormat format = at.fragment().charFormat();
       if (!format.isImageFormat()) continue;
       QTextImageFormat picture = format.toImageFormat();
       const QImage image(folder.filePath(picture.name()));
+      if (image.isNull()) {
+        std::fprintf(stderr, "render_guide: %s is no picture\n", qPrintable(picture.name()));
+        return false;
+      }
       document.addResource(QTextDocument::ImageResource, QUrl(picture.name()), image);
       picture.setWidth(std::min(kTextWidth, image.width() * 0.7));
       picture.setHeight(image.height() * picture.width() / image.width());
@@ -61,6 +65,7 @@ void FitPictures(QTextDocument& document, const QDir& folder) {
       cursor.setCharFormat(picture);
       break;
     }
+  return true;
 }
 
 }  // namespace
@@ -93,7 +98,7 @@ int main(int argc, char** argv) {
     isFirst = false;
   }
   DressTables(*guide.rootFrame());
-  FitPictures(guide, folder);
+  if (!FitPictures(guide, folder)) return 1;
 
   QPdfWriter writer(QString::fromLocal8Bit(argv[1]));
   writer.setTitle(QStringLiteral("Norvale: user guide"));
