@@ -35,7 +35,7 @@ Frmnewest::Frmnewest(Program& program, PlanForm& form, QWidget* parent)
   auto* const grid = new QGridLayout;
   const int space = fontMetrics().height();
   grid->setHorizontalSpacing(space);
-  grid->setVerticalSpacing(space / 3);
+  grid->setVerticalSpacing(space / 5);
   MakeBoxes(grid);
   QWidget* const gables = MakeGables();
   lblResult_ = new QLabel(this);
@@ -59,9 +59,9 @@ Frmnewest::Frmnewest(Program& program, PlanForm& form, QWidget* parent)
   row->addWidget(cmdCANCEL_);
 
   auto* const layout = new QVBoxLayout(this);
-  layout->setContentsMargins(space * 3 / 2, space, space * 3 / 2, space);
+  layout->setContentsMargins(space * 3 / 2, space * 2 / 3, space * 3 / 2, space * 2 / 3);
   layout->addWidget(heading);
-  layout->addSpacing(space / 2);
+  layout->addSpacing(space / 3);
   layout->addLayout(grid);
   layout->addSpacing(space / 2);
   layout->addWidget(gables);

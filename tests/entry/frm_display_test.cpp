@@ -331,6 +331,8 @@ TEST_F(frmDisplayTest, CtrlZGivesBackWhatStoodThere) {
     Keys("7");
     Key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(record.TxtDisp[0].text, "150") << "not what the message was about";
+    Find<QLineEdit>(form, "TxtDisp_0")->insert(QStringLiteral("151"));
+    EXPECT_EQ(record.TxtDisp[0].text, "151") << "as the calculator carries a number over";
     Find(form, "combo1_7")->setFocus(Qt::TabFocusReason);
     EXPECT_EQ(List(form, 7).placeholderText(), QStringLiteral("GONE FROM THE LIST"));
     Key(Qt::Key_End);
