@@ -169,8 +169,8 @@ void frmPricePreview::MakeForm(const QString& heading) {
   notTaken_ = new RowsModel(
       {{tr("Line"), true}, {tr("Kind")}, {tr("Name")}, {tr("Cell")}, {tr("Reason")}},
       [this](std::size_t row, int column) { return NotTakenCell(update_.notTaken[row], column); }, this);
-  AddPage("tblChanges", changes_, 0);
-  AddPage("tblNotTaken", notTaken_, 4);
+  AddPage("tblChanges", changes_);
+  AddPage("tblNotTaken", notTaken_);
   layout->addWidget(tabs_, 1);
 
   auto* const row = new QHBoxLayout;
@@ -209,9 +209,10 @@ void frmPricePreview::MakeOptions(QVBoxLayout* layout) {
   row->addWidget(lblMatch);
   row->addWidget(cboMatch_);
   row->addSpacing(fontMetrics().height());
-  row->addWidget(chkZero_);
-  row->addSpacing(fontMetrics().height());
-  row->addWidget(chkTexts_);
+  auto* const ticks = new QVBoxLayout;
+  ticks->addWidget(chkZero_);
+  ticks->addWidget(chkTexts_);
+  row->addLayout(ticks);
   row->addStretch();
   layout->addLayout(row);
   connect(cboMatch_, &QComboBox::currentIndexChanged, this, &frmPricePreview::MatchAgain);
@@ -228,7 +229,7 @@ void frmPricePreview::MakeOptions(QVBoxLayout* layout) {
   layout->addWidget(lblUnused);
 }
 
-void frmPricePreview::AddPage(const char* name, RowsModel* model, int widestColumn) {
+void frmPricePreview::AddPage(const char* name, RowsModel* model) {
   auto* const table = new QTableView(this);
   table->setObjectName(QString::fromLatin1(name));
   table->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -246,7 +247,7 @@ void frmPricePreview::AddPage(const char* name, RowsModel* model, int widestColu
   table->setSortingEnabled(true);
   table->sortByColumn(-1, Qt::AscendingOrder);
   table->horizontalHeader()->setHighlightSections(false);
-  table->horizontalHeader()->setSectionResizeMode(widestColumn, QHeaderView::Stretch);
+  table->horizontalHeader()->setStretchLastSection(true);
   tabs_->addTab(table, QString());
 }
 
@@ -276,14 +277,14 @@ void frmPricePreview::ShowUpdate() {
   for (int page = 0; page < tabs_->count(); ++page) {
     auto* const table = qobject_cast<QTableView*>(tabs_->widget(page));
     table->setAccessibleName(QString(tabs_->tabText(page)).remove(QLatin1Char('&')));
-    for (int column = 0; column < table->model()->columnCount(); ++column)
-      if (table->horizontalHeader()->sectionResizeMode(column) != QHeaderView::Stretch) {
-        table->resizeColumnToContents(column);
-        table->setColumnWidth(column, std::min(table->columnWidth(column), kWidth / 3) + fontMetrics().height() / 2);
-      }
+    for (int column = 0; column + 1 < table->model()->columnCount(); ++column) {
+      table->resizeColumnToContents(column);
+      table->setColumnWidth(column, std::min(table->columnWidth(column), kWidth / 3) + fontMetrics().height() / 2);
+    }
   }
   cmdOK_->setEnabled(!update_.changes.empty());
   tabs_->setCurrentIndex(update_.changes.empty() && !update_.notTaken.empty() ? 1 : 0);
+  if (!isVisible()) tabs_->currentWidget()->setFocus();  // to look through it first, not to change how rows are matched
 }
 
 }  // namespace norvale

@@ -34,7 +34,7 @@ class frmPricePreview : public QDialog {
  private:
   void MakeForm(const QString& heading);
   void MakeOptions(QVBoxLayout* layout);
-  void AddPage(const char* name, RowsModel* model, int widestColumn);
+  void AddPage(const char* name, RowsModel* model);
   void Match();  // throws GivenUp
   void MatchAgain();
   void ShowUpdate();
