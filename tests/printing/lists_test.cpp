@@ -122,7 +122,9 @@ TEST_F(ListedFolder, EveryPlanIsListedOnce) {
   EXPECT_THAT(Read({4, 9}), ElementsAre("7 Oak: A B", "9 ? Q"));
   EXPECT_THAT(Read({13, 20}), ElementsAre());
   std::vector<int> numbers;
-  for (const CustomerRecord& customer : ReadCustomersToList(scratch_.Path(), kEverybody).value())
+  const auto customers = ReadCustomersToList(scratch_.Path(), kEverybody);
+  ASSERT_TRUE(customers);
+  for (const CustomerRecord& customer : *customers)
     numbers.push_back(customer.CustomerRecordNumber);
   EXPECT_THAT(numbers, ElementsAre(3, 7, 12));
 }
