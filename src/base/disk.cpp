@@ -1,13 +1,17 @@
 #include "base/disk.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <string>
 #include <system_error>
 
 #include "base/file_error.h"
 
 #ifdef _WIN32
+#ifndef NOMINMAX  // some compilers set it by themselves
 #define NOMINMAX
+#endif
 #include <windows.h>
 #else
 #include <fcntl.h>
@@ -20,6 +24,8 @@ namespace norvale {
 
 namespace {
 
+std::string ReasonOf(const std::error_code& error);
+
 // What the standard library does alike on every system.
 class FolderCalls : public Disk {
  public:
@@ -29,7 +35,7 @@ class FolderCalls : public Disk {
     const std::filesystem::path& named = folder.empty() ? std::filesystem::path(".") : folder;
     for (std::filesystem::directory_iterator at(named, error), end; !error && at != end; at.increment(error))
       names.push_back(at->path().filename().string());
-    if (error && error != std::errc::no_such_file_or_directory) throw FileError(named.string(), error.message());
+    if (error && error != std::errc::no_such_file_or_directory) throw FileError(named.string(), ReasonOf(error));
     std::sort(names.begin(), names.end());
     return names;
   }
@@ -37,21 +43,39 @@ class FolderCalls : public Disk {
   void MakeFolder(const std::filesystem::path& folder) override {
     std::error_code error;
     std::filesystem::create_directory(folder, error);
-    if (error) throw FileError(folder.string(), error.message());
+    if (error) throw FileError(folder.string(), ReasonOf(error));
   }
 
   void RemoveFolder(const std::filesystem::path& folder) override {
     std::error_code error;
     std::filesystem::remove(folder, error);
-    if (error) throw FileError(folder.string(), error.message());
+    if (error) throw FileError(folder.string(), ReasonOf(error));
   }
 };
 
 #ifdef _WIN32
 
-[[noreturn]] void Fail(const std::filesystem::path& path) {
-  throw FileError(path.string(), std::system_category().message(static_cast<int>(GetLastError())));
+// In UTF-8, without the period and the line end that the system puts behind its sentences.
+std::string SystemReason(DWORD code) {
+  std::array<wchar_t, 512> text{};
+  DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK, nullptr, code,
+                                0, text.data(), static_cast<DWORD>(text.size()), nullptr);
+  while (length > 0 && (text[length - 1] == L' ' || text[length - 1] == L'.')) --length;
+  if (length == 0) return "error " + std::to_string(code);
+  const std::u8string utf8 = std::filesystem::path(text.data(), text.data() + length).u8string();
+  return {utf8.begin(), utf8.end()};
 }
+
+std::string ReasonOf(const std::error_code& error) {
+  return error.category() == std::system_category() ? SystemReason(static_cast<DWORD>(error.value())) : error.message();
+}
+
+[[noreturn]] void Fail(const std::filesystem::path& path) {
+  const DWORD code = GetLastError();
+  throw FileError(path.string(), SystemReason(code));
+}
+
+bool IsMissing(DWORD code) { return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND; }
 
 class Handle {
  public:
@@ -140,7 +164,7 @@ class SystemFiles final : public FolderCalls {
     const DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const HANDLE handle = CreateFileW(path.c_str(), access, share, nullptr, how, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle != INVALID_HANDLE_VALUE) return std::make_unique<SystemFile>(handle, path);
-    if (how == OPEN_EXISTING && GetLastError() == ERROR_FILE_NOT_FOUND) return nullptr;
+    if (how == OPEN_EXISTING && IsMissing(GetLastError())) return nullptr;
     Fail(path);
   }
 
@@ -149,7 +173,7 @@ class SystemFiles final : public FolderCalls {
   }
 
   void Remove(const std::filesystem::path& path) override {
-    if (!DeleteFileW(path.c_str()) && GetLastError() != ERROR_FILE_NOT_FOUND) Fail(path);
+    if (!DeleteFileW(path.c_str()) && !IsMissing(GetLastError())) Fail(path);
   }
 
   void SyncFolder(const std::filesystem::path&) override {}  // names are written through by the calls above
@@ -163,6 +187,8 @@ class SystemFiles final : public FolderCalls {
 };
 
 #else
+
+std::string ReasonOf(const std::error_code& error) { return error.message(); }
 
 [[noreturn]] void Fail(const std::filesystem::path& path) { throw FileError(path.string(), std::generic_category().message(errno)); }
 

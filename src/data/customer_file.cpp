@@ -127,22 +127,26 @@ std::size_t SaveInPlace(DataFolder& folder, std::size_t at, const CustomerRecord
 // The same for a customer with plans: they change their number with him.
 std::size_t SaveWithPlans(DataFolder& folder, std::size_t at, const CustomerRecord& customer, const CustomerIndexEntry& entry) {
   Replacement change(folder);
-  CustomerReader files(folder);
-  RequireWholeFiles<CustomerFiles>(*files.records, *files.indexFile);
-  const CustomerIndexEntry old = files.index.At(at);
-  const std::size_t place = NewPlace(files.index, at, entry);
-  const auto newIndex = change.Create(DataFile::CustomerIndexWithout, DataFile::CustomerIndex);
-  PieceWriter writer(*newIndex);
-  const auto put = [&](std::size_t number, const CustomerIndexEntry& other) {
-    if (number == place && place <= at) EncodeValue(writer.Room(CustomerIndexEntrySize), entry);
-    if (number != at) EncodeValue(writer.Room(CustomerIndexEntrySize), other);
-    if (number == place && place > at) EncodeValue(writer.Room(CustomerIndexEntrySize), entry);
-    return true;
-  };
-  files.index.ForEach(0, files.index.Count(), put);
-  writer.Finish();
+  std::int16_t oldKey = 0;
+  std::size_t place = 0;
+  {
+    CustomerReader files(folder);
+    RequireWholeFiles<CustomerFiles>(*files.records, *files.indexFile);
+    oldKey = files.index.At(at).CustomerKey;
+    place = NewPlace(files.index, at, entry);
+    const auto newIndex = change.Create(DataFile::CustomerIndexWithout, DataFile::CustomerIndex);
+    PieceWriter writer(*newIndex);
+    const auto put = [&](std::size_t number, const CustomerIndexEntry& other) {
+      if (number == place && place <= at) EncodeValue(writer.Room(CustomerIndexEntrySize), entry);
+      if (number != at) EncodeValue(writer.Room(CustomerIndexEntrySize), other);
+      if (number == place && place > at) EncodeValue(writer.Room(CustomerIndexEntrySize), entry);
+      return true;
+    };
+    files.index.ForEach(0, files.index.Count(), put);
+    writer.Finish();
+  }
   change.Write(DataFile::Customers, static_cast<std::uint64_t>(entry.RecordPosition) - 1, Encoded(customer, CustomerRecordSize));
-  MovePlans(change, folder, old.CustomerKey, entry.CustomerKey);
+  MovePlans(change, folder, oldKey, entry.CustomerKey);
   change.Commit();
   return place;
 }

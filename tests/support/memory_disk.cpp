@@ -22,7 +22,10 @@ class MemoryLock final : public DiskLock {
 class MemoryFile final : public DiskFile {
  public:
   MemoryFile(MemoryDisk& disk, std::string name, std::shared_ptr<MemoryDisk::Content> content)
-      : disk_(disk), name_(std::move(name)), content_(std::move(content)) {}
+      : disk_(disk), name_(std::move(name)), content_(std::move(content)) {
+    ++content_->opened;
+  }
+  ~MemoryFile() override { --content_->opened; }
 
   std::uint64_t Size() override {
     disk_.Call(name_);
@@ -133,7 +136,17 @@ std::unique_ptr<DiskFile> MemoryDisk::Open(const std::filesystem::path& path, Op
   return file;
 }
 
+void MemoryDisk::RequireClosed(const std::filesystem::path& path) const {
+  const auto folder = FolderAt(path.parent_path());
+  if (folder == nullptr) return;
+  const auto found = folder->now.find(NameOf(path));
+  if (found != folder->now.end() && found->second.file != nullptr && found->second.file->opened > 0)
+    throw std::logic_error(NameOf(path) + " is renamed, replaced or deleted while it is open");
+}
+
 void MemoryDisk::Rename(const std::filesystem::path& from, const std::filesystem::path& to) {
+  RequireClosed(from);
+  RequireClosed(to);
   Change(NameOf(from));
   const auto folder = Parent(from);
   if (!folder->now.contains(NameOf(from))) throw FileError(NameOf(from), "No such file or directory");
@@ -147,6 +160,7 @@ void MemoryDisk::Rename(const std::filesystem::path& from, const std::filesystem
 }
 
 void MemoryDisk::Remove(const std::filesystem::path& path) {
+  RequireClosed(path);
   Change(NameOf(path));
   ChangeNames(*Parent(path), [name = NameOf(path)](Entries& names) { names.erase(name); });
 }

@@ -76,6 +76,7 @@ class MemoryDisk final : public Disk {
     std::string now;
     std::string synced;
     std::vector<Pending> pending;
+    int opened = 0;
   };
   struct Folder;
   struct Entry {  // one of the two
@@ -89,6 +90,8 @@ class MemoryDisk final : public Disk {
     std::vector<std::function<void(Entries&)>> pending;
   };
 
+  // Not every system renames, replaces or deletes a file that is open.
+  void RequireClosed(const std::filesystem::path& path) const;
   void Call(const std::string& name);
   // Returns whether the change is the one that is torn.
   bool Change(const std::string& name, bool isWrite = false);
