@@ -1,9 +1,7 @@
 #include "base/files.h"
 
-#include <array>
 #include <cerrno>
-#include <cstdio>
-#include <memory>
+#include <fstream>
 #include <system_error>
 
 #include "base/file_error.h"
@@ -13,10 +11,6 @@ namespace norvale {
 namespace {
 
 std::string SystemReason(int code) { return std::generic_category().message(code); }
-
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }  // NOLINT: only ever read from
-};
 
 std::filesystem::path Beside(std::filesystem::path path) { return path += ".new"; }
 
@@ -40,10 +34,12 @@ void TakePlace(Disk& disk, const std::filesystem::path& path) {
 
 }  // namespace
 
+std::filesystem::path PathFromUtf8(std::string_view utf8) { return std::u8string(utf8.begin(), utf8.end()); }
+
 std::optional<std::string> ReadFileIfPresent(const std::filesystem::path& path) {
   errno = 0;
-  const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.string().c_str(), "rb"));
-  if (!file) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file.is_open()) {
     if (errno == ENOENT) return std::nullopt;
     throw FileError(path.string(), SystemReason(errno));
   }
@@ -55,8 +51,9 @@ std::optional<std::string> ReadFileIfPresent(const std::filesystem::path& path) 
   std::size_t used = 0;
   for (;;) {
     errno = 0;
-    used += std::fread(bytes.data() + used, 1, bytes.size() - used, file.get());
-    if (std::ferror(file.get()) != 0) throw FileError(path.string(), SystemReason(errno));
+    file.read(bytes.data() + used, static_cast<std::streamsize>(bytes.size() - used));
+    if (file.bad()) throw FileError(path.string(), SystemReason(errno));
+    used += static_cast<std::size_t>(file.gcount());
     if (used < bytes.size()) break;
     if (used > kLargestWholeFile) throw FileError(path.string(), "the file is far too long to be one of this program's");
     bytes.resize(bytes.size() * 2);

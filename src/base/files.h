@@ -15,6 +15,9 @@ namespace norvale {
 /// larger one is some other file under its name.
 inline constexpr std::size_t kLargestWholeFile = std::size_t{64} * 1024 * 1024;
 
+/// The path that a text names. The path's own constructor takes a text for what the system's code page makes of it.
+std::filesystem::path PathFromUtf8(std::string_view utf8);
+
 /// The bytes of the file. Throws FileError where it cannot be read or is larger than `kLargestWholeFile`.
 std::string ReadWholeFile(const std::filesystem::path& path);
 

@@ -357,7 +357,7 @@ void frmPriceTable::Import() {
   const QString path = QFileDialog::getOpenFileName(this, tr("Import Prices"), QString(), tr("Tables (*.csv *.tsv *.txt);;All files (*)"));
   if (path.isEmpty()) return;
   Try(program_.messages, [&] {
-    const std::string bytes = ReadWholeFile(Typed(path));
+    const std::string bytes = ReadWholeFile(PathFromUtf8(Typed(path)));
     try {
       const PriceCsv csv = [&] {
         frmProgress progress(tr("Reading %1").arg(FileName(path)), this);
@@ -378,7 +378,7 @@ void frmPriceTable::Export() {
   if (path.isEmpty()) return;
   if (!FileName(path).contains(QLatin1Char('.'))) path += QStringLiteral(".csv");
   Try(program_.messages, [&] {
-    ReplaceFile(program_.folder.Files(), Typed(path), ExportPrices(prices_.Items()));
+    ReplaceFile(program_.folder.Files(), PathFromUtf8(Typed(path)), ExportPrices(prices_.Items()));
     Say(tr("All %1 items are in %2.").arg(prices_.Items().size()).arg(path));
   });
 }

@@ -48,7 +48,7 @@ void Start(DataFolder& data) {
 void RunImport(const CommandContext& context, const std::string& file) {
   ExchangeTables tables;
   try {
-    tables = ImportTables(ReadWholeFile(file));
+    tables = ImportTables(ReadWholeFile(PathFromUtf8(file)));
   } catch (const ExchangeError& error) {
     throw CommandError(file, error.what());
   }
@@ -61,7 +61,7 @@ void RunImport(const CommandContext& context, const std::string& file) {
 
 void RunNewFolder(const std::string& folder) {
   namespace fs = std::filesystem;
-  const fs::path path(folder);
+  const fs::path path = PathFromUtf8(folder);
   std::error_code error;
   fs::create_directories(path, error);
   if (error) throw CommandError(folder, error.message());

@@ -1,4 +1,5 @@
 // norvale-tool: what the desktop program prints and stores, from the command line.
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
@@ -11,6 +12,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "tool/commands.h"
+#include "tool/console.h"
 
 namespace norvale {
 
@@ -39,11 +41,14 @@ int Fail(std::string_view reason) {
   return kFailed;
 }
 
-int Run(int argc, char** argv) {
+int Run(std::vector<std::string> words) {
   CommandContext context;
   CLI::App app("The estimates and data files of a Norvale working folder, from the command line.", "norvale-tool");
+  app.allow_windows_style_options(false);  // the same words on every system
   app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::Throw);
-  app.add_option("--folder", context.folder, "The working folder")->default_str("the current one");
+  app.add_option_function<std::string>(
+         "--folder", [&context](const std::string& folder) { context.folder = PathFromUtf8(folder); }, "The working folder")
+      ->default_str("the current one");
   app.add_option("--date", context.date, "MM-DD-YYYY, stands for today's date on what is printed")->check([](const std::string& text) {
     return IsDate(text) ? std::string() : "\"" + text + "\" is no date of the form MM-DD-YYYY";
   });
@@ -54,7 +59,8 @@ int Run(int argc, char** argv) {
   AddPriceCommands(app, context);
   AddBackupCommands(app, context);
   try {
-    app.parse(argc, argv);
+    std::reverse(words.begin(), words.end());  // as this call expects them
+    app.parse(std::move(words));
   } catch (const CLI::CallForHelp&) {
     std::fputs(app.help().c_str(), stdout);
     return kDone;
@@ -83,7 +89,7 @@ std::string DataText(const std::string& utf8, const std::string& what) {
 
 void Deliver(std::string_view bytes, const std::string& output) {
   if (!output.empty()) {
-    ReplaceFile(SystemDisk(), output, bytes);
+    ReplaceFile(SystemDisk(), PathFromUtf8(output), bytes);
     return;
   }
   const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() && std::fflush(stdout) == 0;
@@ -93,8 +99,9 @@ void Deliver(std::string_view bytes, const std::string& output) {
 }  // namespace norvale
 
 int main(int argc, char** argv) {
+  const norvale::Console console;
   try {
-    return norvale::Run(argc, argv);
+    return norvale::Run(norvale::WordsOfCall(argc, argv));
   } catch (const std::exception& error) {  // FileError, CommandError, and what no command foresaw (memory)
     return norvale::Fail(error.what());
   }

@@ -23,7 +23,7 @@ void RunPricesExport(const CommandContext& context, const std::string& output) {
 }
 
 void RunPricesImport(const CommandContext& context, const ImportCall& call) {
-  const std::string bytes = ReadWholeFile(call.file);
+  const std::string bytes = ReadWholeFile(PathFromUtf8(call.file));
   try {
     const PriceCsv csv = ReadPriceCsv(bytes);
     std::optional<DataFolder> data;
