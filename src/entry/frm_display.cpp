@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTimer>
@@ -123,6 +124,8 @@ QWidget* frmDisplay::MakeHead() {
   for (int screen = 0; screen <= ScreenCount; ++screen) {
     auto* const mark = new ScreenMark(screen, head);
     connect(mark, &QAbstractButton::clicked, this, [this, screen] { GoTo(screen); });
+    // Not the mark's own: its key would take the focus from the box at hand.
+    connect(new QShortcut(mark->Key(), this), &QShortcut::activated, this, [this, screen] { GoTo(screen); });
     row->addWidget(mark);
     marks_[static_cast<std::size_t>(screen)] = mark;
   }

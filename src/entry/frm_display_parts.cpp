@@ -2,9 +2,11 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <array>
 
 #include "desktop/frm_look.h"
 #include "desktop/frm_text.h"
+#include "entry/form_fields.h"
 
 namespace norvale {
 
@@ -49,8 +51,15 @@ void ScreenMark::Set(State state, bool isCurrent) {
                         : state == State::Complete ? tr("Screen %1, complete")
                                                    : tr("Screen %1, nothing to enter for this plan type");
   setAccessibleName(words.arg(screen_ + 1));
-  setToolTip(accessibleName());
+  setToolTip(tr("%1 (%2)").arg(accessibleName(), Key().toString(QKeySequence::NativeText)));
   update();
+}
+
+QKeySequence ScreenMark::Key() const {
+  constexpr std::array kKeys = {Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_5,    Qt::Key_6,
+                                Qt::Key_7, Qt::Key_8, Qt::Key_9, Qt::Key_0, Qt::Key_Minus};
+  static_assert(kKeys.size() == ScreenCount + 1);
+  return {Qt::ALT | kKeys.at(static_cast<std::size_t>(screen_))};
 }
 
 QSize ScreenMark::sizeHint() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QKeySequence>
 #include <QLabel>
 
 namespace norvale {
@@ -42,6 +43,9 @@ class ScreenMark : public QAbstractButton {
   ScreenMark(int screen, QWidget* parent);
 
   void Set(State state, bool isCurrent);
+
+  /// ALT with the screen's digit; the tenth and the eleventh have the two keys behind 9 on the keyboard.
+  [[nodiscard]] QKeySequence Key() const;
 
   [[nodiscard]] QSize sizeHint() const override;
 

@@ -158,6 +158,8 @@ TEST_F(frmDisplayTest, ButtonsAndPagesAskNothingAboutTheBoxAtHand) {
       {"page down", [](frmDisplay&) { Key(Qt::Key_PageDown); }, 3},
       {"page up", [](frmDisplay&) { Key(Qt::Key_PageUp); }, 1},
       {"a slow click", [](frmDisplay& form) { SlowClick(form, "cmdDISP1"); }, 3},
+      {"ALT+9", [](frmDisplay&) { Key(Qt::Key_9, Qt::AltModifier); }, 8},
+      {"ALT+-", [](frmDisplay&) { Key(Qt::Key_Minus, Qt::AltModifier); }, 10},
       {"a mark", [](frmDisplay& form) { QTest::mouseClick(Find(form, "cmdScreen_8"), Qt::LeftButton); }, 8},
   };
   for (const auto& way : ways)
