@@ -85,7 +85,8 @@ QVariant LiveListModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       if (index.column() == Quantity) return row.quantity;
       return index.column() == Amount ? row.amount : row.description;
-    case Qt::ToolTipRole:
+    case Qt::ToolTipRole:  // a narrow list cuts the description
+      return QString(row.description + QStringLiteral("   ") + row.label).trimmed();
     case Qt::AccessibleDescriptionRole:
       return row.label;
     case Qt::TextAlignmentRole:
@@ -129,14 +130,15 @@ LiveList::LiveList(Program& program, QWidget* parent)
   QHeaderView* const header = lstLive_->header();
   header->setStretchLastSection(false);
   header->setSectionResizeMode(LiveListModel::Description, QHeaderView::Stretch);
+  QFont bold = font();
+  bold.setBold(true);
+  // No wider than they need, for what is left is the description's.
   const int letter = fontMetrics().averageCharWidth();
-  header->resizeSection(LiveListModel::Quantity, letter * 13);
-  header->resizeSection(LiveListModel::Amount, letter * 13);
+  header->resizeSection(LiveListModel::Quantity, fontMetrics().horizontalAdvance(QStringLiteral("99999 tubes")) + letter);
+  header->resizeSection(LiveListModel::Amount, QFontMetrics(bold).horizontalAdvance(QStringLiteral("999,999.99")) + letter);
   setMinimumWidth(letter * 50);
 
   lblTotal_->setObjectName(QStringLiteral("lblTotal"));
-  QFont bold = font();
-  bold.setBold(true);
   lblTotal_->setFont(bold);
   lblUnpriced_->setObjectName(QStringLiteral("lblUnpriced"));
   lblUnpriced_->setTextFormat(Qt::PlainText);
