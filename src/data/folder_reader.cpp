@@ -30,13 +30,26 @@ void AwaitWholeState(Disk& disk, const std::filesystem::path& folder) {
 template <typename Files>
 class OpenedPair {
  public:
-  OpenedPair(Disk& disk, const std::filesystem::path& folder) {
-    AwaitWholeState(disk, folder);
-    indexFile_ = disk.Open(folder / NameOf(Files::kIndex), Opening::Read);
-    records_ = disk.Open(folder / NameOf(Files::kRecords), Opening::Read);
+  OpenedPair(Disk& disk, const std::filesystem::path& folder) : folder_(folder) {
+    // An operation that begins while the files are opened may have written its record before its index.
+    constexpr int kLooks = 5;
+    for (int look = 0; look < kLooks && (look == 0 || isIndexShort_); ++look) {
+      AwaitWholeState(disk, folder);
+      indexFile_ = disk.Open(folder / NameOf(Files::kIndex), Opening::Read);
+      records_ = disk.Open(folder / NameOf(Files::kRecords), Opening::Read);
+      const std::uint64_t records = records_ ? records_->Size() / Files::kRecordSize : 0;
+      isIndexShort_ = records > (indexFile_ ? indexFile_->Size() / Files::kEntrySize : 0);
+    }
     if (indexFile_ && !records_ && indexFile_->Size() >= Files::kEntrySize)
       throw FileError((folder / NameOf(Files::kRecords)).string(), "the file is missing, but its index has entries");
     if (indexFile_ && records_) index_.emplace(*indexFile_);
+  }
+
+  /// Throws where the index is lost or names fewer records than there are: whoever it does not name is not to be taken for
+  /// one who is not on file.
+  void RequireEveryRecord() const {
+    if (isIndexShort_)
+      throw FileError((folder_ / NameOf(Files::kIndex)).string(), "does not name every record; \"rebuild\" writes it afresh");
   }
 
   /// Nothing where the files are missing.
@@ -57,6 +70,8 @@ class OpenedPair {
   }
 
  private:
+  std::filesystem::path folder_;
+  bool isIndexShort_ = false;
   std::unique_ptr<DiskFile> indexFile_;
   std::unique_ptr<DiskFile> records_;
   std::optional<IndexFile<Files>> index_;
@@ -65,6 +80,7 @@ class OpenedPair {
 template <typename Files>
 std::vector<typename Files::Record> ReadAll(Disk& disk, const std::filesystem::path& folder) {
   OpenedPair<Files> files(disk, folder);
+  files.RequireEveryRecord();
   if (!files.Index()) return {};
   return files.Records(0, files.Index()->Count());
 }
@@ -81,6 +97,7 @@ std::vector<EstimateRecord> ReadAllEstimates(const std::filesystem::path& folder
 
 void ForEachEstimate(const std::filesystem::path& folder, const std::function<void(const EstimateRecord&)>& visit, Disk& disk) {
   OpenedPair<EstimateFiles> files(disk, folder);
+  files.RequireEveryRecord();
   if (!files.Index()) return;
   files.Index()->ForEach(0, files.Index()->Count(), [&](std::size_t number, const EstimateIndexEntry& entry) {
     visit(files.Record(number, entry));
@@ -101,7 +118,10 @@ std::optional<EstimateRecord> FindEstimate(const std::filesystem::path& folder, 
   const std::string prefix = CustomerPrefix(wanted.CustomerNumber);
 
   OpenedPair<EstimateFiles> files(disk, folder);
-  if (!files.Index()) return std::nullopt;
+  if (!files.Index()) {
+    files.RequireEveryRecord();
+    return std::nullopt;
+  }
   // Keys written by other hands may be padded with bytes of 0, which sort otherwise but count as blanks: compare each
   // plan of the customer.
   for (std::size_t at = files.Index()->LowerBound(prefix, 0, files.Index()->Count()); at < files.Index()->Count(); ++at) {
@@ -109,12 +129,14 @@ std::optional<EstimateRecord> FindEstimate(const std::filesystem::path& folder, 
     if (!entry.Key.Raw().starts_with(prefix)) break;
     if (entry.Key.Padded() == key) return files.Record(at, entry);
   }
+  files.RequireEveryRecord();
   return std::nullopt;
 }
 
 std::vector<EstimateRecord> ReadEstimatesOfCustomer(const std::filesystem::path& folder, int customer, Disk& disk) {
   if (!IsRecordNumber(customer)) return {};
   OpenedPair<EstimateFiles> files(disk, folder);
+  files.RequireEveryRecord();
   if (!files.Index()) return {};
   const std::string prefix = CustomerPrefix(static_cast<std::int16_t>(customer));
   const std::size_t count = files.Index()->Count();
@@ -127,13 +149,16 @@ std::vector<EstimateRecord> ReadEstimatesOfCustomer(const std::filesystem::path&
 std::optional<CustomerRecord> FindCustomerRecord(const std::filesystem::path& folder, int number, Disk& disk) {
   if (!IsRecordNumber(number)) return std::nullopt;
   OpenedPair<CustomerFiles> files(disk, folder);
-  if (!files.Index()) return std::nullopt;
-  const auto key = static_cast<CustomerFiles::Key>(static_cast<std::int16_t>(number));
-  const std::size_t found = files.Index()->LowerBound(key, 0, files.Index()->Count());
-  if (found == files.Index()->Count()) return std::nullopt;
-  const CustomerIndexEntry entry = files.Index()->At(found);
-  if (CustomerFiles::KeyOf(entry) != key) return std::nullopt;
-  return files.Record(found, entry);
+  if (files.Index()) {
+    const auto key = static_cast<CustomerFiles::Key>(static_cast<std::int16_t>(number));
+    const std::size_t found = files.Index()->LowerBound(key, 0, files.Index()->Count());
+    if (found < files.Index()->Count()) {
+      const CustomerIndexEntry entry = files.Index()->At(found);
+      if (CustomerFiles::KeyOf(entry) == key) return files.Record(found, entry);
+    }
+  }
+  files.RequireEveryRecord();
+  return std::nullopt;
 }
 
 }  // namespace norvale

@@ -2,7 +2,8 @@
 //
 // Each call opens what it needs and closes it again. Files that are missing hold nothing. Where an operation was
 // interrupted, the first call finishes or undoes it before it reads. Every call throws FileError where a file cannot be
-// read, or where an index entry points to no record: then the error names the index and the position of the entry.
+// read, where an index entry points to no record (then the error names the index and the position of the entry), or where
+// the index is lost or names too few records and what is asked for is not among them.
 #pragma once
 
 #include <filesystem>

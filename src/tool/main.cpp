@@ -46,9 +46,12 @@ int Run(std::vector<std::string> words) {
   CLI::App app("The estimates and data files of a Norvale working folder, from the command line.", "norvale-tool");
   app.allow_windows_style_options(false);  // the same words on every system
   app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::Throw);
-  app.add_option_function<std::string>(
-         "--folder", [&context](const std::string& folder) { context.folder = PathFromUtf8(folder); }, "The working folder")
-      ->default_str("the current one");
+  const auto setFolder = [&context](const std::string& folder) {
+    context.folder = PathFromUtf8(folder);
+    // Its files would pass for files that hold nothing.
+    if (std::error_code none; !std::filesystem::is_directory(context.folder, none)) throw CommandError(folder, "there is no such folder");
+  };
+  app.add_option_function<std::string>("--folder", setFolder, "The working folder")->default_str("the current one");
   app.add_option("--date", context.date, "MM-DD-YYYY, stands for today's date on what is printed")->check([](const std::string& text) {
     return IsDate(text) ? std::string() : "\"" + text + "\" is no date of the form MM-DD-YYYY";
   });
