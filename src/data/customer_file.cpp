@@ -57,6 +57,11 @@ std::optional<std::size_t> EntryAt(const CustomerIndex& index, std::int32_t curs
   return entry;
 }
 
+// Where a damaged folder has a number twice, the plans of that number are the first one's.
+bool IsFirstOfHisNumber(CustomerIndex& index, std::size_t at) {
+  return at == 0 || index.At(at - 1).CustomerKey != index.At(at).CustomerKey;
+}
+
 // The first customer, or a blank one where none is left.
 void ShowFirst(DataFolder& folder, Session& session) {
   session.customerIsNew = false;
@@ -246,6 +251,7 @@ SaveCustomerResult SaveCustomer(DataFolder& folder, Session& session) {
   std::optional<std::size_t> at;
   CustomerIndexEntry entry;
   std::int16_t oldNumber = number;
+  bool mayHavePlans = false;
   {
     CustomerReader files(folder);
     at = EntryAt(files.index, session.CustomerCursor);
@@ -255,6 +261,8 @@ SaveCustomerResult SaveCustomer(DataFolder& folder, Session& session) {
       entry = files.index.At(*at);
       RequireRecord<CustomerFiles>(files.records->Size(), *at, entry);
       oldNumber = entry.CustomerKey;
+      // A customer who is just being added has none: those of his number are a walk-in's.
+      mayHavePlans = !session.customerIsNew && IsFirstOfHisNumber(files.index, *at);
     }
     const bool inUse = same < files.index.Count() && files.index.At(same).CustomerKey == number;
     if (inUse && (!at || oldNumber != number)) return SaveCustomerResult::NumberInUse;
@@ -263,7 +271,7 @@ SaveCustomerResult SaveCustomer(DataFolder& folder, Session& session) {
     AddRecord(folder, session, customer);
   } else {
     entry.CustomerKey = number;
-    const bool hasPlans = oldNumber != number && CountEstimatesOfCustomer(folder, oldNumber) > 0;
+    const bool hasPlans = mayHavePlans && oldNumber != number && CountEstimatesOfCustomer(folder, oldNumber) > 0;
     const std::size_t place = hasPlans ? SaveWithPlans(folder, *at, customer, entry) : SaveInPlace(folder, *at, customer, entry);
     session.CurrentCustomer = customer;
     session.CurrentCustomerEntry = entry;
@@ -291,17 +299,19 @@ DeleteCustomerResult DeleteCustomer(DataFolder& folder, Session& session) {
   if (AbandonNewCustomer(folder, session)) return DeleteCustomerResult::Abandoned;
   std::optional<std::size_t> at;
   CustomerIndexEntry entry;
+  bool hasThePlans = false;
   {
     CustomerReader files(folder);
     at = EntryAt(files.index, session.CustomerCursor);
     if (!at) return DeleteCustomerResult::NoCustomer;
     entry = files.index.At(*at);
+    hasThePlans = IsFirstOfHisNumber(files.index, *at);
   }
   {
     Replacement change(folder);
     RewriteWithout<CustomerFiles>(folder, *at, *change.Create(DataFile::CustomersWithout, DataFile::Customers),
                                   *change.Create(DataFile::CustomerIndexWithout, DataFile::CustomerIndex));
-    MovePlans(change, folder, entry.CustomerKey, kCompanyNumber);
+    if (hasThePlans) MovePlans(change, folder, entry.CustomerKey, kCompanyNumber);
     change.Commit();
   }
   ShowFirst(folder, session);
