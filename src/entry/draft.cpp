@@ -188,6 +188,8 @@ void RemoveDraft(DataFolder& folder) {
   folder.Files().SyncFolder(folder.Folder());
 }
 
+bool IsDraft(std::string_view bytes) { return DecodedDraft(bytes).has_value(); }
+
 FoundDraft FindDraft(DataFolder& folder) {
   std::string reason = "is damaged or of another version of Norvale";
   try {

@@ -49,6 +49,9 @@ PlanForm FormOfDraft(const PlanDraft& draft, EstimateRecord& plan, const std::ve
 /// before.
 void KeepDraft(DataFolder& folder, const PlanDraft& draft);
 
+/// Whether these are the bytes of a draft that this version can read.
+bool IsDraft(std::string_view bytes);
+
 /// Nothing where there is none.
 void RemoveDraft(DataFolder& folder);
 

@@ -115,15 +115,24 @@ void LoadChoice(SelectionBox& box, const PlanChoice& choice, const EstimateRecor
 
 }  // namespace
 
+bool HaveEveryBox(const std::vector<ScreenLine>& lines) {
+  PlanForm form;
+  PlaceLines(form, lines);
+  return lines.size() >= kScreenLines && std::ranges::none_of(form.LineOfNumber, [](int line) { return line < 0; });
+}
+
+bool HaveEveryList(const std::vector<MaterialRow>& rows) {
+  PlanForm form;
+  FillLists(form, rows);
+  return std::ranges::none_of(form.combo1, [](const SelectionBox& box) { return box.rows.empty(); });
+}
+
 std::string RefusalOfPlan(const std::vector<ScreenLine>& lines, const std::vector<MaterialRow>& rows) {
   const auto refusal = [](std::string_view file) {
     return "0 No plan can be opened: " + std::string(file) + " is missing or incomplete.|";
   };
-  if (lines.size() < kScreenLines) return refusal(kScreenFileName);
-  PlanForm form;
-  FillLists(form, rows);
-  const bool complete = std::ranges::none_of(form.combo1, [](const SelectionBox& box) { return box.rows.empty(); });
-  return complete ? std::string() : refusal(kMaterialFileName);
+  if (!HaveEveryBox(lines)) return refusal(kScreenFileName);
+  return HaveEveryList(rows) ? std::string() : refusal(kMaterialFileName);
 }
 
 std::int16_t& NumberField(EstimateRecord& plan, int box) {

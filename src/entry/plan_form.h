@@ -10,6 +10,12 @@
 
 namespace norvale {
 
+/// Whether the screen file has all its lines, and one for each number box.
+bool HaveEveryBox(const std::vector<ScreenLine>& lines);
+
+/// Whether the material file has rows for each list.
+bool HaveEveryList(const std::vector<MaterialRow>& rows);
+
 /// The notice with which opening a plan is refused, empty where lines and lists are there: a form without them would write
 /// zeros over a plan's choices.
 std::string RefusalOfPlan(const std::vector<ScreenLine>& lines, const std::vector<MaterialRow>& rows);

@@ -6,13 +6,17 @@
 #include <memory>
 
 #include "base/file_error.h"
+#include "base/files.h"
 #include "data/customer_file.h"
 #include "data/estimate_file.h"
 #include "data/folder_reader.h"
 #include "data/folder_start.h"
 #include "data/index_sort.h"
+#include "entry/draft.h"
+#include "entry/plan_form.h"
 #include "prices/material_lists.h"
 #include "prices/price_list.h"
+#include "prices/screen_lines.h"
 #include "prices/waste_factors.h"
 #include "tool/commands.h"
 
@@ -44,9 +48,24 @@ std::vector<std::string> OtherFaults(const CommandContext& context) {
       faults.emplace_back(error.what());
     }
   };
+  // Data entry passes over what follows the last whole row; where rows are missing it refuses every plan.
+  const auto checkRows = [&](std::string_view name, std::size_t rowSize, const std::function<bool()>& isComplete) {
+    check(name, [&] {
+      const std::size_t size = ReadWholeFile(context.folder / name).size();
+      if (const std::size_t rest = size % rowSize; rest != 0)
+        faults.push_back(std::string(name) + ": the last " + std::to_string(rest) + " bytes, from position " +
+                         std::to_string(size - rest + 1) + ", are no whole row");
+      if (!isComplete()) faults.push_back(std::string(name) + ": incomplete; no plan can be opened");
+    });
+  };
   check(kPriceFileName, [&] { (void)LoadPriceList(context.folder); });
-  check(kMaterialFileName, [&] { (void)LoadMaterialRows(context.folder); });
   check(kWasteFileName, [&] { (void)LoadWasteFactors(context.folder); });
+  checkRows(kScreenFileName, ScreenLineSize, [&] { return HaveEveryBox(LoadScreenLines(context.folder)); });
+  checkRows(kMaterialFileName, MaterialRowSize, [&] { return HaveEveryList(LoadMaterialRows(context.folder)); });
+  check(kDraftFile, [&] {
+    if (!IsDraft(ReadWholeFile(context.folder / kDraftFile)))
+      faults.push_back(std::string(kDraftFile) + ": cannot be read; the next start of the program puts it aside");
+  });
   return faults;
 }
 
