@@ -34,7 +34,8 @@ class SampleFolder {
       if (entry.path().extension() != ".json") continue;
       const ExchangeTables tables = ImportTables(ReadWholeFile(entry.path()));
       StoreAll(folder, tables.customers, tables.plans);
-      if (tables.wasteFactors) ReplaceFile(SystemDisk(), path / kWasteFileName, EncodeWasteFactors(*tables.wasteFactors));
+      if (!tables.wasteFactors.empty())
+        ReplaceFile(SystemDisk(), path / kWasteFileName, EncodeWasteFactors(tables.WasteOver(DesignTimeWasteFactors())));
       if (tables.prices) ReplaceFile(SystemDisk(), path / kPriceFileName, EncodePriceList(*tables.prices));
       for (const EstimateRecord& plan : tables.plans) {
         session.CurrentEstimate = plan;

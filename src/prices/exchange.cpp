@@ -78,10 +78,13 @@ std::string At(const std::string& place, std::string_view name) {
 
 std::string At(const std::string& place, std::size_t index) { return place + "[" + std::to_string(index) + "]"; }
 
+// A value as a message shows it: not a whole list or object, which may be of any length and depth.
+std::string Shown(const Json& json) { return json.is_structured() ? std::string("an ") + json.type_name() : json.dump(); }
+
 template <typename Number>
 Number NumberFrom(const Json& json, const std::string& place, std::int64_t least = std::numeric_limits<Number>::min(),
                   std::int64_t most = std::numeric_limits<Number>::max()) {
-  if (!json.is_number_integer()) Refuse(place, "a whole number is wanted, not " + json.dump());
+  if (!json.is_number_integer()) Refuse(place, "a whole number is wanted, not " + Shown(json));
   const bool huge = json.is_number_unsigned() && json.get<std::uint64_t>() > static_cast<std::uint64_t>(most);
   const auto value = huge ? most : json.get<std::int64_t>();
   if (huge || value < least || value > most)
@@ -90,7 +93,7 @@ Number NumberFrom(const Json& json, const std::string& place, std::int64_t least
 }
 
 std::string TextFrom(const Json& json, const std::string& place, std::size_t width) {
-  if (!json.is_string()) Refuse(place, "a text is wanted, not " + json.dump());
+  if (!json.is_string()) Refuse(place, "a text is wanted, not " + Shown(json));
   const auto text = FromUtf8(json.get_ref<const std::string&>());
   if (!text) Refuse(place, "the text " + json.dump() + " holds a character that the data files cannot hold");
   if (text->size() > width) Refuse(place, "the text " + json.dump() + " is longer than " + std::to_string(width) + " characters");
@@ -163,7 +166,7 @@ std::vector<Record> RecordsFrom(const Json& json, const std::string& place) {
 }
 
 void CheckCustomerNumbers(const std::vector<CustomerRecord>& customers) {
-  constexpr std::int16_t kHighestNumber = 32766;
+  constexpr std::int16_t kHighestNumber = 32767;  // the form refuses it, but a folder may have it on file
   std::set<std::int16_t> seen;
   for (std::size_t i = 0; i < customers.size(); ++i) {
     const std::int16_t number = customers[i].CustomerRecordNumber;
@@ -174,17 +177,17 @@ void CheckCustomerNumbers(const std::vector<CustomerRecord>& customers) {
   }
 }
 
-WasteFactors WasteFactorsFrom(const Json& json, const std::string& place) {
-  WasteFactors factors = DesignTimeWasteFactors();
+std::map<std::size_t, std::int16_t> WasteFactorsFrom(const Json& json, const std::string& place) {
+  std::map<std::size_t, std::int16_t> percents;
   for (const auto& member : ObjectFrom(json, place).items()) {
     const std::string& item = member.key();
     const bool digits =
         !item.empty() && item.size() <= 2 && std::all_of(item.begin(), item.end(), [](char c) { return c >= '0' && c <= '9'; });
     const std::size_t number = digits ? std::stoul(item) : kWasteItems;
     if (number >= kWasteItems) Refuse(At(place, item), "items are numbered from 0 to " + std::to_string(kWasteItems - 1));
-    factors.percent[number] = NumberFrom<std::int16_t>(member.value(), At(place, item), -100, 100);
+    percents[number] = NumberFrom<std::int16_t>(member.value(), At(place, item), -100, 100);
   }
-  return factors;
+  return percents;
 }
 
 PriceItem PriceItemFrom(const Json& json, const std::string& place) {
@@ -244,12 +247,19 @@ std::string ExportTables(const std::vector<CustomerRecord>& customers, const std
   return text.append("\n}\n");
 }
 
+WasteFactors ExchangeTables::WasteOver(WasteFactors before) const {
+  for (const auto& [item, percent] : wasteFactors) before.percent[item] = percent;
+  return before;
+}
+
 ExchangeTables ImportTables(std::string_view text) {
   Json json;
   try {
     json = Parse(text);
   } catch (const Json::parse_error& error) {
     throw ExchangeError(LineOf(text, error.byte) + ": this is no JSON");
+  } catch (const Json::out_of_range&) {
+    throw ExchangeError("the file: a number in it is too large for any field");
   }
   ExchangeTables tables;
   for (const auto& member : ObjectFrom(json, "the file").items()) {

@@ -1,6 +1,8 @@
 // Customers, plans, waste factors and prices as JSON tables that a person can read and a script can write.
 #pragma once
 
+#include <cstdint>
+#include <map>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -18,8 +20,11 @@ namespace norvale {
 struct ExchangeTables {
   std::vector<CustomerRecord> customers;
   std::vector<EstimateRecord> plans;
-  std::optional<WasteFactors> wasteFactors;
+  std::map<std::size_t, std::int16_t> wasteFactors;  // percent by item; the items that are not named stay as they are
   std::optional<std::vector<PriceItem>> prices;
+
+  /// `before` with the percentages that the file names.
+  [[nodiscard]] WasteFactors WasteOver(WasteFactors before) const;
 };
 
 /// A file that cannot be taken: what() is the place in it and the reason.
@@ -33,7 +38,7 @@ class ExchangeError : public std::runtime_error {
 std::string ExportTables(const std::vector<CustomerRecord>& customers, const std::vector<EstimateRecord>& plans);
 
 /// Reads such an object, and beside "customers" and "plans" also "wasteFactors" (an object of item numbers and
-/// percentages; the others keep their design-time values) and "prices" (an array of items by their fields). A field left
+/// percentages) and "prices" (an array of items by their fields). A field left
 /// out is 0 or blank. Throws ExchangeError for an unknown field and a value of the wrong kind or out of its range.
 ExchangeTables ImportTables(std::string_view json);
 

@@ -54,8 +54,9 @@ void RunImport(const CommandContext& context, const std::string& file) {
   }
   DataFolder data(context.folder);
   Start(data);
+  const WasteFactors factors = tables.WasteOver(LoadWasteFactors(context.folder));
   StoreAll(data, tables.customers, tables.plans);
-  if (tables.wasteFactors) ReplaceFile(data.Files(), context.folder / kWasteFileName, EncodeWasteFactors(*tables.wasteFactors));
+  if (!tables.wasteFactors.empty()) ReplaceFile(data.Files(), context.folder / kWasteFileName, EncodeWasteFactors(factors));
   if (tables.prices) ReplaceFile(data.Files(), context.folder / kPriceFileName, EncodePriceList(*tables.prices));
 }
 

@@ -43,7 +43,7 @@ std::vector<int> LengthsOf(const EstimateRecord& plan) {
 }
 
 std::string RoofSystemOf(const EstimateRecord& plan) {
-  const TakeoffData data{.waste = *Imported("waste-factors.json").wasteFactors,
+  const TakeoffData data{.waste = Imported("waste-factors.json").WasteOver(DesignTimeWasteFactors()),
                          .lists = DeliveredMaterialRows(),
                          .prices = PriceList(*Imported("prices.json").prices)};
   EstimatePrint print;

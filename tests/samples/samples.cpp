@@ -22,11 +22,12 @@ Samples ReadSamples(const std::filesystem::path& folder) {
   std::sort(files.begin(), files.end());
   Samples samples;
   samples.data.lists = DeliveredMaterialRows();
+  samples.data.waste = DesignTimeWasteFactors();
   for (const auto& file : files) {
     ExchangeTables tables = ImportTables(ReadBytes(file));
     std::move(tables.customers.begin(), tables.customers.end(), std::back_inserter(samples.customers));
     std::move(tables.plans.begin(), tables.plans.end(), std::back_inserter(samples.plans));
-    if (tables.wasteFactors) samples.data.waste = *tables.wasteFactors;
+    samples.data.waste = tables.WasteOver(samples.data.waste);
     if (tables.prices) samples.data.prices = PriceList(*std::move(tables.prices));
   }
   return samples;
