@@ -21,11 +21,11 @@ struct Column {
 };
 
 constexpr std::array<Column, 5> kCustomerColumns = {{
-    {1, 4, "  #"},
-    {6, 27, "Customer Name"},
-    {34, 16, "Contact"},
-    {51, 14, "Telephone #"},
-    {66, 14, "Fax #"},
+    {1, 5, "  #"},
+    {7, 27, "Customer Name"},
+    {35, 16, "Contact"},
+    {52, 14, "Telephone #"},
+    {67, 14, "Fax #"},
 }};
 
 std::string InColumns(const std::array<std::string, kCustomerColumns.size()>& texts) {

@@ -199,7 +199,7 @@ TEST_F(PrintDispatchTest, TheListsTakeTheirRange) {
     return found;
   };
   const auto all = [](frmPrtSel& form) { Click(form, "cmdPrintOK"); };
-  EXPECT_THAT(titles(PrintKind::CustomerList, all), ElementsAre("0003 Hill Homes", "0007 Oak Street Builders", "0012 Smith & Oakley"));
+  EXPECT_THAT(titles(PrintKind::CustomerList, all), ElementsAre("0003  Hill Homes", "0007  Oak Street Builders", "0012  Smith & Oakley"));
   // The company has a plan of its own.
   EXPECT_THAT(titles(PrintKind::EstimateList, all),
               ElementsAre("ESTIMATE LIST: Customer 1 to LA", "CUSTOMER NAME: 0000", "CUSTOMER NAME: 0003  Hill Homes",

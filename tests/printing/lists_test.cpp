@@ -36,11 +36,11 @@ TEST(Lists, ACustomersRowKeepsAllOfItsTexts) {
   EXPECT_EQ(DocumentText(CustomerListDocument({Customer(3, "Hill Homes"), wide})),
             "CUSTOMER LIST                                                           Page 01\n"
             "\n"
-            "  #  Customer Name               Contact          Telephone #    Fax #\n"
+            "  #   Customer Name               Contact          Telephone #    Fax #\n"
             "\n"
-            "0003 Hill Homes\n"
-            "0007 Oak Street Builders of      Bartholomew-Chri 302-555-0101   302-555-0102\n"
-            "     Dover DE                    stiansen\n"
+            "0003  Hill Homes\n"
+            "0007  Oak Street Builders of      Bartholomew-Chri 302-555-0101   302-555-0102\n"
+            "      Dover DE                    stiansen\n"
             "\f");
 }
 
