@@ -1,7 +1,9 @@
 #include "entry/checklist_form.h"
 
+#include <functional>
 #include <limits>
 
+#include "base/file_error.h"
 #include "base/numbers.h"
 #include "data/estimate_file.h"
 #include "entry/plan_form.h"
@@ -48,10 +50,25 @@ void BeginFind(ChecklistForm& form) {
   form.focus = ChecklistControl::txtCustName;
 }
 
+// The cursor comes back where the files cannot be read: it must never stand on another plan than the one at hand.
+void WithCursor(Session& session, const std::function<void()>& move) {
+  const std::int32_t cursor = session.EstimateCursor;
+  const EstimateIndexEntry entry = session.CurrentEstimateEntry;
+  try {
+    move();
+  } catch (const FileError&) {
+    session.EstimateCursor = cursor;
+    session.CurrentEstimateEntry = entry;
+    throw;
+  }
+}
+
 void CancelFind(Program& program, ChecklistForm& form) {
+  WithCursor(program.session, [&] {
+    program.session.EstimateCursor = 1;
+    StepPlan(program, form, 0);
+  });
   form.isFinding = false;
-  program.session.EstimateCursor = 1;
-  StepPlan(program, form, 0);
 }
 
 void DeletePlan(Program& program, ChecklistForm& form) {
@@ -180,7 +197,12 @@ void FindBy(Program& program, ChecklistForm& form, ChecklistBox box) {
   const auto search = [&](const std::string& text, StepResult (*find)(DataFolder&, Session&, std::string_view)) {
     if (Trim(text).empty()) return false;
     form.isFinding = false;  // a message takes the focus from the field, which must not start another search
-    found = find(folder, session, Trim(text));
+    try {
+      WithCursor(session, [&] { found = find(folder, session, Trim(text)); });
+    } catch (const FileError&) {
+      form.isFinding = true;  // the fields still hold what is searched for
+      throw;
+    }
     return true;
   };
   bool hasSearched = false;

@@ -284,7 +284,9 @@ void frmChecklst::reject() { Press(ChecklistButton::Cancel); }
 void frmChecklst::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (isBusy_ && copyLoop_ == nullptr) return;
-  form_.isFinding = false;
+  // The fields of a search are no change: a plan is shown again before the form is left.
+  if (form_.isFinding) Press(ChecklistButton::Cancel);
+  form_.isFinding = false;  // where the files cannot be read any more
   Press(ChecklistButton::Cancel);
 }
 
@@ -301,12 +303,6 @@ bool frmChecklst::eventFilter(QObject* watched, QEvent* event) {
     if (check != checks_.end() && key != Qt::Key_Space) {
       KeyOnCheck(form_.entry.checks, static_cast<PlanCheck>(check - checks_.begin()), key);
       ShowForm();
-    }
-    const auto box = std::find(boxes_.begin(), boxes_.end(), watched);
-    const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
-    if (box != boxes_.end() && isEnter && form_.isFinding && !(*box)->text().trimmed().isEmpty()) {
-      LeaveBox(static_cast<std::size_t>(box - boxes_.begin()));
-      return true;
     }
     return QDialog::eventFilter(watched, event);
   }
@@ -455,7 +451,6 @@ void frmChecklst::ShowForm() {
     boxes_[i]->setEnabled(state != FieldState::Shut);
     boxes_[i]->setReadOnly(state != FieldState::Open);
     boxes_[i]->setFocusPolicy(state == FieldState::Open ? Qt::StrongFocus : Qt::ClickFocus);
-    boxes_[i]->setProperty(kTakesEnter, false);
   }
   for (std::size_t i = 0; i < kLevels; ++i) {
     const bool isPicked = static_cast<int>(i) + 1 == form_.entry.priceLevel;

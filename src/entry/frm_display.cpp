@@ -35,7 +35,7 @@ namespace {
 
 constexpr QSize kLeastWindow(1024, 700);
 constexpr const char* kKeysLine = " TAB or SHIFT+TAB To Move; ALT+DN=List F1=Help ALT+F2=Calculator  ESC=Exit";
-constexpr const char* kPrintLine = " Loading Print Information ...";
+constexpr const char* kPrintLine = "Loading Print Information ...";
 
 // Columns of a screen's lines.
 enum Column { kCaption, kBox, kExtra, kHint };
@@ -505,11 +505,18 @@ void frmDisplay::FocusLine(int line) {
 
 void frmDisplay::FocusFault(bool isJoistBox, int box) {
   const int number = isJoistBox ? NumberBoxOf(box) : box;
-  if (const int screen = ScreenOfNumber(form_, number); screen >= 0) ScreenChanged(GoToScreen(form_, screen));
-  // A box that is shut holds it: opened, so that it can be mended.
-  bool& enabled = isJoistBox ? form_.TxtDispJoist[box].enabled : form_.TxtDisp[box].enabled;
-  enabled = true;
-  ShowScreen(form_, 0);
+  // A box that is shut or hidden holds it: opened, so that it can be mended.
+  if (isJoistBox) {
+    form_.TxtDispJoist[box].enabled = true;
+    form_.TxtDispJoist[box].isHidden = false;
+  } else {
+    form_.TxtDisp[box].enabled = true;
+  }
+  if (const int screen = ScreenOfNumber(form_, number); screen >= 0) {
+    form_.CurrentScreen = screen;  // one with nothing else to enter would be passed over
+    ShowScreen(form_, 0);
+    ScreenChanged(form_.LineOfNumber[static_cast<std::size_t>(number)]);
+  }
   ShowForm();
   NumberEdit* const edit = isJoistBox ? TxtDispJoist_[static_cast<std::size_t>(box)] : TxtDisp_[static_cast<std::size_t>(box)];
   if (edit != nullptr) edit->setFocus(Qt::OtherFocusReason);
@@ -602,7 +609,8 @@ void frmDisplay::Print() {
     ScreenChanged(GoToScreen(form_, check.screen));
     const ScreenCheck found = CheckScreenComplete(form_, check.screen);
     if (!found.message.empty()) Tell(found.message);
-    if (found.focus) TxtDisp_[static_cast<std::size_t>(*found.focus)]->setFocus(Qt::OtherFocusReason);
+    if (found.focus)
+      TxtDisp_[static_cast<std::size_t>(*found.focus)]->setFocus(Qt::OtherFocusReason);  // each has a line: see RefusalOfPlan
     return;
   }
   lblStatus_->setText(QString::fromLatin1(kPrintLine));

@@ -295,7 +295,7 @@ int ShowScreen(PlanForm& form, int delta) {
     return -1;
   }
   ComputeLengths(form);
-  if (delta > 0 && form.CurrentScreen == kWallAreaScreen) ComputeWallArea(form);
+  if (form.CurrentScreen <= kWallAreaScreen && form.CurrentScreen + delta > kWallAreaScreen) ComputeWallArea(form);
   const int start = form.CurrentScreen;
   const int step = delta > 0 ? 1 : -1;
   for (int screen = std::clamp(start + delta, 0, ScreenCount); screen >= 0 && screen <= ScreenCount; screen += step) {
