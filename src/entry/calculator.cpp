@@ -77,6 +77,8 @@ std::string PressOperator(Calculator& calculator, char key) {
   if (calculator.LastInput == CalcInput::NUMS) ++calculator.OperandCount;
   if (calculator.LastInput == CalcInput::NUMS && calculator.OperandCount == 1) {
     calculator.FirstOperand = ReadoutValue(calculator);
+  } else if (calculator.LastInput == CalcInput::CE && calculator.PendingOperator == '=') {
+    calculator.FirstOperand = 0;  // behind a result CE has cleared the result
   } else if (calculator.OperandCount == 2) {
     calculator.SecondOperand = ReadoutValue(calculator);
     if (calculator.PendingOperator == '/' && calculator.SecondOperand == 0) {
