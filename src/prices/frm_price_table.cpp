@@ -1,6 +1,7 @@
 #include "prices/frm_price_table.h"
 
 #include <QAbstractTableModel>
+#include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QHeaderView>
@@ -86,7 +87,7 @@ class PriceTableModel : public QAbstractTableModel {
       if (!FitsPriceFile(text)) {
         // After this event: the box of the cell would hand its text in a second time when a message takes the focus.
         QMetaObject::invokeMethod(
-            this, [this, text] { messages_.ShowMessage(Notice(PriceTooLong(text))); }, Qt::QueuedConnection);
+            qApp, [&messages = messages_, text] { messages.ShowMessage(Notice(PriceTooLong(text))); }, Qt::QueuedConnection);
         return false;
       }
     } else {

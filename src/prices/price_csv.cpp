@@ -329,7 +329,8 @@ class Import {
   void TakePrice(const CsvRow& row, const std::vector<std::size_t>& items, std::size_t level) {
     const std::string_view cell = TextIn(csv_, row, ColumnOfLevel(level));
     Price read{"0", {}};
-    if (!cell.empty()) read = ReadPrice(cell, csv_.decimals);
+    // A lone "-" is how spreadsheets show 0 as an amount.
+    if (!cell.empty() && Amount(cell) != "-") read = ReadPrice(cell, csv_.decimals);
     if (!read.reason.empty()) {
       if (cell != ToUtf8(items_[items.front()].PriceItemPrice[level])) return Refuse(NotTakenKind::Unreadable, row, cell, read.reason);
       update_.sameAsBefore += items.size();

@@ -62,8 +62,7 @@ TEST(PriceCsv, ImportsAsSpreadsheetsAndSuppliersWrite) {
        "before the point.\n"
        "Unreadable, line 3: OSB, \"1 2\": this is no price\nUnreadable, line 3: OSB, \"$\": this is no price\n"
        "Unreadable, line 3: OSB, \"..5\": this is no price\nNothing changes; 2 stay as they are. 9 entries are not taken.\n"},
-      {"blank and zero", "SKU,Price 1,Price 2\n00123,0.00,\nOSB,,-\n",
-       "Unreadable, line 3: OSB, \"-\": a price below zero\nNothing changes; 4 blank or zero, left alone. 1 entry is not taken.\n"},
+      {"blank and zero", "SKU,Price 1,Price 2\n00123,0.00,\nOSB,$ -,-\n", "Nothing changes; 6 blank or zero, left alone.\n"},
       {"blank and zero, ticked",
        "SKU,Price 1,Price 2\n00123,0.00,\n",
        "2X4- 8 STUD (00123), Price level 1: 3.50 -> 0.00\n2X4- 8 STUD (00123), Price level 2: 3.3 -> 0.00\n2 prices of 1 item change.\n",
