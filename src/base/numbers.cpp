@@ -10,8 +10,8 @@ namespace norvale {
 
 namespace {
 
-// Below this size a number of cents has all its digits within the 15 significant ones.
-constexpr double kFastLimit = 1e11;
+// Below this a scaled number and the one of its 15 significant digits are less apart than what is left out around the half.
+constexpr double kFastLimit = 1e12;
 constexpr int kSignificantDigits = 15;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
@@ -19,7 +19,7 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 // The digits of |value| scaled by 10^decimals and rounded, as a whole number's text; from the 15-digit decimal form.
 std::string ScaledDigits(double magnitude, int decimals) {
   const double scaled = magnitude * std::pow(10.0, decimals);
-  if (magnitude < kFastLimit) {
+  if (scaled < kFastLimit) {
     const double whole = std::floor(scaled);
     const double rest = scaled - whole;
     // Away from the half, the binary value and its decimal form round alike.

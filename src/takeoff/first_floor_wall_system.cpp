@@ -132,11 +132,13 @@ void Sheathing(TakeoffRun& run, const Stock& stock) {
   const int sheetHeight = plan.Combo13Index + 7;
   const double SheetArea = 4.0 * sheetHeight;
   const std::string SheetText = "4X" + Digits(sheetHeight) + "- " + stock.sheathing;
+  // A sheet of no height, which no screen can choose, covers nothing.
+  const auto sheets = [SheetArea](double area) { return SheetArea == 0 ? 0 : Rnd(area / SheetArea); };
   // Sheet bracing takes the place of 4 feet of sheathing at each corner.
   if (plan.Combo05Index < 3)
-    Emit(run, {.quantity = Rnd(plan.ExtWallLftFirstFloor * stock.StudHeight / SheetArea), .unit = "pcs.", .description = SheetText, .label = "(Wall Sheathing)", .item = 23});
+    Emit(run, {.quantity = sheets(plan.ExtWallLftFirstFloor * stock.StudHeight), .unit = "pcs.", .description = SheetText, .label = "(Wall Sheathing)", .item = 23});
   else
-    Emit(run, {.quantity = Rnd((plan.ExtWallLftFirstFloor * stock.StudHeight - 4 * stock.StudHeight * plan.Disp01) / SheetArea), .unit = "pcs.", .description = SheetText, .label = "(Wall Sheathing)", .item = 23});
+    Emit(run, {.quantity = sheets(plan.ExtWallLftFirstFloor * stock.StudHeight - 4 * stock.StudHeight * plan.Disp01), .unit = "pcs.", .description = SheetText, .label = "(Wall Sheathing)", .item = 23});
   Emit(run, {.quantity = Rnd((plan.GableSqFt + plan.ExtWallSidingB + plan.ExtWallSidingA) / 1700.0), .unit = "rolls", .description = "9'X 190' HOUSE WRAP", .label = "(House Wrap)", .item = 24});
 }
 

@@ -1,5 +1,7 @@
 #include "takeoff/takeoff_run.h"
 
+#include <cmath>
+#include <limits>
 #include <utility>
 
 #include "base/numbers.h"
@@ -53,6 +55,11 @@ std::size_t PriceLevelIndex(const EstimateRecord& plan) {
   return level >= 1 && level <= static_cast<double>(kPriceLevels) ? static_cast<std::size_t>(level) - 1 : 0;
 }
 
+// Prices are held as 32-bit floats. A number that none can hold is no price: it would leave no total of the list readable.
+float Held(double number) {
+  return std::abs(number) <= static_cast<double>(std::numeric_limits<float>::max()) ? static_cast<float>(number) : 0.0F;
+}
+
 // The price line of the last of run.lines, where the list has its key.
 void PriceLine(TakeoffRun& run) {
   PrintedLine& line = run.lines.back();
@@ -61,8 +68,8 @@ void PriceLine(TakeoffRun& run) {
   const PriceItem* const found = run.prices->Find(line.priceKey);
   if (found == nullptr) return;
   line.stock = found;
-  line.price = static_cast<float>(Val(found->PriceItemPrice[PriceLevelIndex(run.plan)]));
-  line.extension = static_cast<float>(static_cast<double>(line.price) * line.quantity);
+  line.price = Held(Val(found->PriceItemPrice[PriceLevelIndex(run.plan)]));
+  line.extension = Held(static_cast<double>(line.price) * line.quantity);
   run.SectionSubTotal += line.extension;
   run.GrandTotal += line.extension;
   run.page.Print("    ");
