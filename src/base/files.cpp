@@ -28,7 +28,12 @@ void WriteBeside(Disk& disk, const std::filesystem::path& path, std::string_view
 }
 
 void TakePlace(Disk& disk, const std::filesystem::path& path) {
-  disk.Rename(Beside(path), path);
+  try {
+    disk.Rename(Beside(path), path);
+  } catch (const FileError&) {  // another program may have it open
+    disk.Remove(Beside(path));
+    throw;
+  }
   disk.SyncFolder(path.parent_path());
 }
 
