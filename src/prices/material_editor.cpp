@@ -154,7 +154,7 @@ std::string_view FateOfAddedRow(int list) {
     case 34:
       return "gets no siding printed";
     case 36:
-      return "is counted in pieces of 8.25 sq. ft.";
+      return "is counted in pieces of 8.25 sq. ft. as lap siding, and by the square as vinyl";
     case 39:
       return "gets no first-floor panels printed";
     default:
