@@ -1,8 +1,7 @@
-// Random operations, held against a model that keeps the files as plain bytes and reaches every state by the slowest means
-// there are: exchange of neighbours, and a copy of everything.
+// Random operations, held against a model that reaches every state by the slowest means there are: exchange of neighbours, and a
+// copy of everything.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <iostream>
 #include <random>
 
@@ -11,115 +10,100 @@
 namespace norvale {
 namespace {
 
+// A record file and its index: the records in the order of the index.
 template <typename Files>
-struct ModelPair {
-  std::vector<typename Files::Record> records;  // in the order of the file
-  std::vector<typename Files::Entry> index;
+class ModelPair {
+ public:
+  struct Item {
+    typename Files::Record record;
+    std::size_t place;  // in the record file
+    [[nodiscard]] typename Files::Entry Entry() const { return Files::EntryFor(record, PositionOfRecord<Files>(place)); }
+  };
 
-  typename Files::Record& RecordOf(const typename Files::Entry& entry) {
-    return records.at((static_cast<std::size_t>(entry.RecordPosition) - 1) / Files::kRecordSize);
-  }
-
-  [[nodiscard]] bool IsLower(std::size_t a, std::size_t b) const { return Files::KeyOf(index[a]) < Files::KeyOf(index[b]); }
-
-  std::size_t SiftUp(std::size_t at) {
-    for (; at > 0 && IsLower(at, at - 1); --at) std::swap(index[at], index[at - 1]);
-    return at;
-  }
-
-  std::size_t SiftDown(std::size_t at) {
-    for (; at + 1 < index.size() && IsLower(at + 1, at); ++at) std::swap(index[at], index[at + 1]);
-    return at;
-  }
+  std::vector<Item> items;
 
   std::size_t Add(const typename Files::Record& record) {
-    index.push_back(Files::EntryFor(record, PositionOfRecord<Files>(records.size())));
-    records.push_back(record);
-    return SiftUp(index.size() - 1);
+    items.push_back({record, items.size()});
+    return SiftUp(items.size() - 1);
   }
 
   std::size_t Update(std::size_t at, const typename Files::Record& record) {
-    RecordOf(index[at]) = record;
-    index[at] = Files::EntryFor(record, index[at].RecordPosition);
-    return SiftDown(SiftUp(at));
+    items[at].record = record;
+    at = SiftUp(at);
+    for (; at + 1 < items.size() && IsLower(at + 1, at); ++at) std::swap(items[at], items[at + 1]);
+    return at;
   }
 
+  // What is left stands in the file as in the index.
   void Delete(std::size_t at) {
-    ModelPair left;
-    for (std::size_t i = 0; i < index.size(); ++i) {
-      if (i == at) continue;
-      left.index.push_back(index[i]);
-      left.index.back().RecordPosition = PositionOfRecord<Files>(left.records.size());
-      left.records.push_back(RecordOf(index[i]));
-    }
-    *this = left;
+    items.erase(items.begin() + static_cast<std::ptrdiff_t>(at));
+    for (std::size_t i = 0; i < items.size(); ++i) items[i].place = i;
   }
 
-  // An index is sorted by its bytes, with a number's high byte first.
-  void Rebuild() {
-    index.clear();
-    for (std::size_t i = 0; i < records.size(); ++i) index.push_back(Files::EntryFor(records[i], PositionOfRecord<Files>(i)));
-    const auto bytes = [](const typename Files::Entry& entry) {
-      std::string text = Encoded(entry, Files::kEntrySize);
-      if constexpr (std::is_same_v<Files, CustomerFiles>) std::swap(text[0], text[1]);
-      return text;
-    };
-    std::sort(index.begin(), index.end(), [&](const auto& a, const auto& b) { return bytes(a) < bytes(b); });
-  }
-
-  [[nodiscard]] std::string RecordBytes() const { return Joined(records, Files::kRecordSize); }
-  [[nodiscard]] std::string IndexBytes() const { return Joined(index, Files::kEntrySize); }
-
-  template <typename Item>
-  static std::string Joined(const std::vector<Item>& items, std::size_t size) {
-    std::string bytes;
-    for (const Item& item : items) bytes += Encoded(item, size);
-    return bytes;
-  }
-};
-
-class FolderModel {
- public:
-  ModelPair<CustomerFiles> customers;
-  ModelPair<EstimateFiles> plans;
-
-  // Gives the customer's plans another number, one after another in the order of the index.
+  // Gives the plans of a customer another number: behind all that are not higher.
   void MovePlans(std::int16_t from, std::int16_t to) {
-    std::vector<std::int32_t> positions;
-    for (const EstimateIndexEntry& entry : plans.index)
-      if (plans.RecordOf(entry).CustomerNumber == from) positions.push_back(entry.RecordPosition);
-    for (const std::int32_t position : positions) {
-      const auto entry = std::find_if(plans.index.begin(), plans.index.end(), [&](const auto& e) { return e.RecordPosition == position; });
-      EstimateRecord plan = plans.RecordOf(*entry);
-      plan.CustomerNumber = to;
-      plans.RecordOf(*entry) = plan;
-      // To the end and up again: behind all that are not higher.
-      plans.index.erase(entry);
-      plans.index.push_back(EstimateFiles::EntryFor(plan, position));
-      plans.SiftUp(plans.index.size() - 1);
+    const auto leaves = [from](const Item& item) { return item.record.CustomerNumber == from; };
+    std::vector<Item> moved;
+    std::copy_if(items.begin(), items.end(), std::back_inserter(moved), leaves);
+    std::erase_if(items, leaves);
+    for (Item& item : moved) {
+      item.record.CustomerNumber = to;
+      items.push_back(item);
+      SiftUp(items.size() - 1);
     }
   }
 
-  [[nodiscard]] FolderBytes Bytes() const {
-    FolderBytes bytes{{std::string(CustomerDataFile), customers.RecordBytes()},
-                      {std::string(CustomerIndexFile), customers.IndexBytes()},
-                      {std::string(EstimateDataFile), plans.RecordBytes()},
-                      {std::string(EstimateIndexFile), plans.IndexBytes()}};
-    std::erase_if(bytes, [](const auto& file) { return file.second.empty(); });
-    return bytes;
+  // Among equals by the bytes of the position.
+  void Rebuild() {
+    std::sort(items.begin(), items.end(), [](const Item& a, const Item& b) {
+      const auto one = a.Entry();
+      const auto other = b.Entry();
+      if (Files::KeyOf(one) != Files::KeyOf(other)) return Files::KeyOf(one) < Files::KeyOf(other);
+      return Encoded(one, Files::kEntrySize) < Encoded(other, Files::kEntrySize);
+    });
+  }
+
+  void PutBytes(FolderBytes& bytes) const {
+    if (items.empty()) return;
+    std::string& records = bytes[std::string(NameOf(Files::kRecords))];
+    records.resize(items.size() * Files::kRecordSize);
+    for (const Item& item : items) {
+      EncodeValue(records.data() + item.place * Files::kRecordSize, item.record);
+      bytes[std::string(NameOf(Files::kIndex))] += Encoded(item.Entry(), Files::kEntrySize);
+    }
+  }
+
+ private:
+  [[nodiscard]] bool IsLower(std::size_t a, std::size_t b) const {
+    const auto one = items[a].Entry();
+    const auto other = items[b].Entry();
+    return Files::KeyOf(one) < Files::KeyOf(other);
+  }
+
+  std::size_t SiftUp(std::size_t at) {
+    for (; at > 0 && IsLower(at, at - 1); --at) std::swap(items[at], items[at - 1]);
+    return at;
   }
 };
 
 class FolderModelTest : public testing::Test {
  protected:
-  FolderModelTest() : folder_("", disk_) {
+  FolderModelTest() {
     (void)StartFolder(folder_, session_);
     CustomerRecord company;
     PadTexts(company);
-    model_.customers.Add(company);
+    customers_.Add(company);
   }
 
   int Random(int from, int to) { return std::uniform_int_distribution<int>(from, to)(random_); }
+
+  // Both ends come up as often as everything between them.
+  template <typename Files>
+  std::int32_t RandomCursor(const ModelPair<Files>& pair, int first) {
+    const int last = static_cast<int>(pair.items.size()) - 1;
+    const int at = Random(0, 2) == 0 ? first : Random(0, 1) == 0 ? last : Random(first, last);
+    return IndexFile<Files>::PositionOf(static_cast<std::size_t>(at));
+  }
 
   EstimateRecord RandomPlan() {
     const std::array<std::string_view, 8> numbers = {"", " A", "A", "A100", "B", "B ", "ZZ", "\xC4"};
@@ -135,207 +119,126 @@ class FolderModelTest : public testing::Test {
   [[nodiscard]] std::size_t CustomerAtCursor() const {
     return (static_cast<std::size_t>(session_.CustomerCursor) - 1) / CustomerIndexEntrySize;
   }
+  [[nodiscard]] bool HasCustomer(std::int16_t number) const {
+    return std::any_of(customers_.items.begin(), customers_.items.end(),
+                       [number](const auto& item) { return item.record.CustomerRecordNumber == number; });
+  }
 
   void PutPlanCursor() {
-    // Both ends come up as often as everything between them.
-    const int last = static_cast<int>(model_.plans.index.size()) - 1;
-    const int at = Random(0, 2) == 0 ? 0 : Random(0, 1) == 0 ? last : Random(0, last);
-    session_.EstimateCursor = IndexFile<EstimateFiles>::PositionOf(static_cast<std::size_t>(at));
+    session_.EstimateCursor = RandomCursor(plans_, 0);
     ASSERT_TRUE(MoveEstimate(folder_, session_, 0).hasRecord);
+    ASSERT_EQ(session_.CurrentEstimate, plans_.items[PlanAtCursor()].record);
   }
 
   void PutCustomerCursor() {
-    const int last = static_cast<int>(model_.customers.index.size()) - 1;
-    const int at = Random(0, 2) == 0 ? 1 : Random(0, 1) == 0 ? last : Random(1, last);
-    session_.CustomerCursor = IndexFile<CustomerFiles>::PositionOf(static_cast<std::size_t>(at));
+    session_.CustomerCursor = RandomCursor(customers_, 1);
     ASSERT_TRUE(ReadCustomerAtCursor(folder_, session_));
   }
 
   void AddPlan() {
     session_.CurrentEstimate = RandomPlan();
-    const std::size_t at = model_.plans.Add(session_.CurrentEstimate);
+    const std::size_t at = plans_.Add(session_.CurrentEstimate);
     AddEstimate(folder_, session_);
     EXPECT_EQ(PlanAtCursor(), at);
   }
 
-  void UpdatePlan() {
+  void ChangePlan() {
     PutPlanCursor();
     const EstimateRecord other = RandomPlan();
-    if (Random(0, 1) == 0) {
+    if (Random(0, 1) == 0)
       session_.CurrentEstimate = other;
-    } else {
+    else
       session_.CurrentEstimate.RoofSqFt = other.RoofSqFt;
-    }
-    const std::size_t at = model_.plans.Update(PlanAtCursor(), session_.CurrentEstimate);
+    const std::size_t at = plans_.Update(PlanAtCursor(), session_.CurrentEstimate);
     ASSERT_EQ(UpdateEstimate(folder_, session_), EstimateChange::Done);
     EXPECT_EQ(PlanAtCursor(), at);
   }
 
   void DeletePlan() {
     PutPlanCursor();
-    model_.plans.Delete(PlanAtCursor());
+    plans_.Delete(PlanAtCursor());
     ASSERT_EQ(DeleteEstimate(folder_, session_), EstimateChange::Done);
     EXPECT_EQ(session_.EstimateCursor, 1);
   }
 
-  void StepPlans() {
-    PutPlanCursor();
-    const auto count = static_cast<int>(model_.plans.index.size());
-    const int direction = Random(0, 1) == 0 ? 1 : -1;
-    const int wanted = static_cast<int>(PlanAtCursor()) + direction;
-    const StepResult step = MoveEstimate(folder_, session_, direction);
-    EXPECT_EQ(step.notice, wanted < 0 ? "0 Beginning Of File|" : wanted >= count ? "0 End Of File|" : "");
-    const auto at = static_cast<std::size_t>(std::clamp(wanted, 0, count - 1));
-    EXPECT_EQ(PlanAtCursor(), at);
-    EXPECT_TRUE(session_.CurrentEstimate == model_.plans.RecordOf(model_.plans.index[at]));
-  }
-
-  void FindPlans() {
-    const auto wanted =
-        Random(0, 2) == 0 ? model_.plans.RecordOf(Random(0, 1) == 0 ? model_.plans.index.front() : model_.plans.index.back()).CustomerNumber
-                          : static_cast<std::int16_t>(Random(0, 14));
-    int number = wanted;
-    FindFirstEstimateOfCustomer(folder_, session_, number);
-    const auto first = std::find_if(model_.plans.index.begin(), model_.plans.index.end(),
-                                    [&](const auto& entry) { return model_.plans.RecordOf(entry).CustomerNumber == wanted; });
-    if (first == model_.plans.index.end()) {
-      EXPECT_EQ(number, -1);
-    } else {
-      EXPECT_EQ(number, wanted);
-      EXPECT_EQ(PlanAtCursor(), static_cast<std::size_t>(first - model_.plans.index.begin()));
-    }
-  }
-
   void NewCustomer() {
-    const std::int16_t last = model_.customers.index.back().CustomerKey;
-    ASSERT_EQ(AddBlankCustomer(folder_, session_), AddCustomer::Added);
     CustomerRecord blank;
     PadTexts(blank);
-    if (last < 32766) {
-      blank.CustomerRecordNumber = static_cast<std::int16_t>(last + 1);
-    } else {
-      // The lowest that nobody has.
-      const auto& index = model_.customers.index;
-      while (std::any_of(index.begin(), index.end(), [&](const auto& e) { return e.CustomerKey == blank.CustomerRecordNumber; }))
-        ++blank.CustomerRecordNumber;
-    }
-    EXPECT_EQ(CustomerAtCursor(), model_.customers.Add(blank));
+    const int last = customers_.items.back().record.CustomerRecordNumber;
+    blank.CustomerRecordNumber = static_cast<std::int16_t>(last < 32766 ? last + 1 : 1);  // else the lowest that nobody has
+    while (HasCustomer(blank.CustomerRecordNumber)) ++blank.CustomerRecordNumber;
+    ASSERT_EQ(AddBlankCustomer(folder_, session_), AddCustomer::Added);
+    EXPECT_EQ(CustomerAtCursor(), customers_.Add(blank));
     EXPECT_EQ(AddBlankCustomer(folder_, session_), AddCustomer::AlreadyAdding);
     if (Random(0, 2) == 0) {
-      model_.customers.Delete(CustomerAtCursor());
+      customers_.Delete(CustomerAtCursor());
       ASSERT_TRUE(AbandonNewCustomer(folder_, session_));
-      return;
+    } else {
+      SaveUnderAnotherNumber();
     }
-    SaveUnderAnotherNumber();
     EXPECT_FALSE(session_.customerIsNew);
   }
 
   void SaveUnderAnotherNumber() {
-    const std::array<std::string_view, 4> names = {"Oak Builders", "SOAKED LTD", "Reed", "Hill oak"};
     CustomerRecord& customer = session_.CurrentCustomer;
     const std::int16_t old = customer.CustomerRecordNumber;
     const std::size_t at = CustomerAtCursor();
-    customer.CustomerName.Assign(names[static_cast<std::size_t>(Random(0, 3))]);
+    customer.CustomerName.Assign("Oak Builders " + std::to_string(++marks_));
     if (Random(0, 1) == 0) customer.CustomerRecordNumber = static_cast<std::int16_t>(Random(0, 2) == 0 ? Random(0, 32767) : Random(1, 14));
     const std::int16_t number = customer.CustomerRecordNumber;
-    const auto& index = model_.customers.index;
-    const bool inUse = number != old && std::any_of(index.begin(), index.end(), [&](const auto& e) { return e.CustomerKey == number; });
-    const auto expected = number < 1 || number > 32766 ? SaveCustomerResult::NumberReserved
-                          : inUse                      ? SaveCustomerResult::NumberInUse
-                                                       : SaveCustomerResult::Saved;
-    const CustomerRecord saved = customer;
+    const auto expected = number < 1 || number > 32766           ? SaveCustomerResult::NumberReserved
+                          : number != old && HasCustomer(number) ? SaveCustomerResult::NumberInUse
+                                                                 : SaveCustomerResult::Saved;
     ASSERT_EQ(SaveCustomer(folder_, session_), expected) << number;
     if (expected != SaveCustomerResult::Saved) {
-      session_.CurrentCustomer = model_.customers.RecordOf(index[at]);
+      customer.CustomerRecordNumber = old;
       ASSERT_EQ(SaveCustomer(folder_, session_), SaveCustomerResult::Saved);
-      return;
     }
-    EXPECT_EQ(CustomerAtCursor(), model_.customers.Update(at, saved));
-    if (number != old) model_.MovePlans(old, number);
-  }
-
-  void SaveSome() {
-    PutCustomerCursor();
-    SaveUnderAnotherNumber();
+    EXPECT_EQ(CustomerAtCursor(), customers_.Update(at, customer));
+    if (customer.CustomerRecordNumber != old) plans_.MovePlans(old, number);
   }
 
   void RemoveCustomer() {
     PutCustomerCursor();
     const std::size_t at = CustomerAtCursor();
-    const std::int16_t number = model_.customers.index[at].CustomerKey;
-    model_.customers.Delete(at);
-    model_.MovePlans(number, 0);
+    plans_.MovePlans(customers_.items[at].record.CustomerRecordNumber, 0);
+    customers_.Delete(at);
     ASSERT_EQ(DeleteCustomer(folder_, session_), DeleteCustomerResult::Deleted);
     EXPECT_EQ(session_.CustomerCursor, kFirstCustomerPosition);
   }
 
-  void SearchCustomers() {
-    PutCustomerCursor();
-    session_.CustomerSearchText = Random(0, 3) == 0 ? "" : Random(0, 3) == 0 ? "NOBODY" : "OAK";
-    const std::size_t from = CustomerAtCursor();
-    const int direction = Random(0, 1) == 0 ? 1 : -1;
-    const auto matches = [&](std::size_t i) {
-      return Has(UpperCase(model_.customers.RecordOf(model_.customers.index[i]).CustomerName.Padded()), session_.CustomerSearchText);
-    };
-    const std::size_t count = model_.customers.index.size();
-    std::size_t wanted = from + static_cast<std::size_t>(direction);
-    while (wanted >= 1 && wanted < count && !matches(wanted)) wanted += static_cast<std::size_t>(direction);
-    const bool outside = wanted < 1 || wanted >= count;
-    std::string notice;
-    if (outside && session_.CustomerSearchText.empty()) {
-      wanted = direction > 0 ? count - 1 : 1;
-      notice = direction > 0 ? "0 End Of File|" : "0 Beginning Of File|";
-    } else if (outside) {
-      wanted = from;
-      notice = "0 No more " + session_.CustomerSearchText + " matches found. Try " + (direction > 0 ? "PREV" : "NEXT") + ".|";
-    }
-    EXPECT_EQ(MoveCustomer(folder_, session_, direction).notice, notice);
-    EXPECT_EQ(CustomerAtCursor(), wanted);
-
-    std::size_t first = 1;
-    while (first < count && !matches(first)) ++first;
-    const std::int32_t before = session_.CustomerCursor;
-    if (!session_.CustomerSearchText.empty()) {
-      const StepResult found = FindCustomer(folder_, session_, 0);
-      EXPECT_EQ(session_.CustomerFound, first < count);
-      EXPECT_EQ(session_.CustomerCursor, first < count ? IndexFile<CustomerFiles>::PositionOf(first) : before);
-      EXPECT_EQ(found.notice, first < count ? "" : "0 End of file, Find unable to locate " + session_.CustomerSearchText + "|");
-    }
-    session_.CustomerSearchText.clear();
-    const int number = Random(0, 14);
-    const auto holder = std::find_if(model_.customers.index.begin() + 1, model_.customers.index.end(),
-                                     [&](const auto& entry) { return entry.CustomerKey == number; });
-    (void)FindCustomer(folder_, session_, number);
-    EXPECT_EQ(session_.CustomerFound, holder != model_.customers.index.end());
-    if (session_.CustomerFound) {
-      EXPECT_EQ(session_.CurrentCustomer.CustomerRecordNumber, number);
-    }
-  }
-
-  void Rebuild() {
-    RebuildIndexes(folder_);
-    model_.customers.Rebuild();
-    model_.plans.Rebuild();
+  void ChangeCompany() {
+    OpenCompany(folder_, session_);
+    EXPECT_EQ(session_.CurrentCustomer, customers_.items[0].record);
+    session_.CurrentCustomer.CustomerName.Assign("Hill Lumber " + std::to_string(++marks_));
+    customers_.Update(0, session_.CurrentCustomer);
+    SaveCompany(folder_, session_);
+    EXPECT_EQ(session_.CompanyRecord, customers_.items[0].record);
+    CloseCompany(folder_, session_);
+    EXPECT_EQ(session_.CustomerCursor, kFirstCustomerPosition);
   }
 
   void Agree(int step) {
-    ASSERT_TRUE(BytesOf(disk_) == model_.Bytes()) << "step " << step;  // too long to be shown
-    if (model_.customers.index.size() > 1) {
-      const CustomerIndexEntry& entry = model_.customers.index.at(CustomerAtCursor());
-      ASSERT_EQ(session_.CurrentCustomerEntry, entry) << "step " << step;
-      ASSERT_TRUE(session_.CurrentCustomer == model_.customers.RecordOf(entry)) << "step " << step;
-      ASSERT_EQ(session_.CustomerRecordCursor, entry.RecordPosition) << "step " << step;
+    FolderBytes expected;
+    customers_.PutBytes(expected);
+    plans_.PutBytes(expected);
+    ASSERT_TRUE(BytesOf(disk_) == expected) << "step " << step;  // too long to be shown
+    if (customers_.items.size() > 1) {
+      const auto& item = customers_.items.at(CustomerAtCursor());
+      ASSERT_EQ(session_.CurrentCustomerEntry, item.Entry()) << "step " << step;
+      ASSERT_EQ(session_.CurrentCustomer, item.record) << "step " << step;
+      ASSERT_EQ(session_.CustomerRecordCursor, item.Entry().RecordPosition) << "step " << step;
     } else {
-      ASSERT_TRUE(session_.CurrentCustomer == CustomerRecord{}) << "step " << step;
+      ASSERT_EQ(session_.CurrentCustomer, CustomerRecord{}) << "step " << step;
     }
-    const std::vector<Fault> faults = CheckFolder(disk_, "");
-    ASSERT_TRUE(faults.empty()) << "step " << step << ": " << faults.front().text;
+    ASSERT_TRUE(CheckFolder(disk_, "").empty()) << "step " << step;
   }
 
   MemoryDisk disk_;
-  DataFolder folder_;
+  DataFolder folder_{"", disk_};
   Session session_;
-  FolderModel model_;
+  ModelPair<CustomerFiles> customers_;
+  ModelPair<EstimateFiles> plans_;
   std::mt19937 random_{20240611};
   int marks_ = 0;
 };
@@ -346,32 +249,33 @@ TEST_F(FolderModelTest, ThousandsOfRandomOperationsAgreeWithTheModel) {
     // Now and then the folder runs empty, and fills up again.
     const bool fills = step / 500 % 2 == 0;
     const int what = Random(0, 99);
-    const bool hasPlans = !model_.plans.index.empty();
-    const bool hasCustomers = model_.customers.index.size() > 1;
-    if (what < (fills ? 30 : 8) || !hasPlans)
+    if (what < (fills ? 30 : 8) || plans_.items.empty()) {
       AddPlan();
-    else if (what < 42)
-      UpdatePlan();
-    else if (what < (fills ? 50 : 56))
+    } else if (what < 45) {
+      ChangePlan();
+    } else if (what < (fills ? 55 : 65)) {
       DeletePlan();
-    else if (what < 60)
-      StepPlans();
-    else if (what < 65)
-      FindPlans();
-    else if (what < (fills ? 80 : 68) || !hasCustomers)
+    } else if (what < (fills ? 80 : 68) || customers_.items.size() == 1) {
       NewCustomer();
-    else if (what < 86)
-      SaveSome();
-    else if (what < (fills ? 90 : 96))
+    } else if (what < 86) {
+      PutCustomerCursor();
+      SaveUnderAnotherNumber();
+    } else if (what < (fills ? 90 : 96)) {
       RemoveCustomer();
-    else if (what < 98)
-      SearchCustomers();
-    else
-      Rebuild();
+    } else if (what < 98) {
+      ChangeCompany();
+    } else {
+      RebuildIndexes(folder_);
+      customers_.Rebuild();
+      plans_.Rebuild();
+    }
     Agree(step);
   }
-  std::cout << kSteps << " operations, " << model_.plans.index.size() << " plans and " << model_.customers.index.size()
-            << " customers at the end\n";
+  std::cout << kSteps << " operations, " << plans_.items.size() << " plans and " << customers_.items.size() << " customers at the end\n";
+  const CustomerRecord company = session_.CompanyRecord;
+  session_.CompanyRecord = {};
+  (void)StartFolder(folder_, session_);
+  EXPECT_EQ(session_.CompanyRecord, company);
 }
 
 TEST_F(FolderModelTest, EmptyFilesSayTheirEnds) {
@@ -389,22 +293,6 @@ TEST_F(FolderModelTest, EmptyFilesSayTheirEnds) {
   EXPECT_FALSE(AbandonNewCustomer(folder_, session_));
 }
 
-TEST_F(FolderModelTest, FindsAPlanByAnyPartOfItsNumber) {
-  for (const auto& plan : {PlanOf(12345, "OAK 7"), PlanOf(2, "lane-12")}) {
-    session_.CurrentEstimate = plan;
-    AddEstimate(folder_, session_);
-  }
-  const std::int32_t before = session_.EstimateCursor;
-  // The customer's digits are no part of the plan number.
-  const StepResult miss = FindEstimateByPlanText(folder_, session_, "345");
-  EXPECT_EQ(miss.notice, "0 End of file, Find unable to locate 345|");
-  EXPECT_EQ(session_.EstimateCursor, before);
-  EXPECT_TRUE(FindEstimateByPlanText(folder_, session_, "oak").hasRecord);
-  EXPECT_EQ(session_.CurrentEstimate.CustomerNumber, 12345);
-  EXPECT_TRUE(FindEstimateByPlanText(folder_, session_, "LANE").hasRecord);
-  EXPECT_EQ(session_.EstimateCursor, 1);
-}
-
 TEST_F(FolderModelTest, ReservedTextStaysAndOtherZerosBecomeBlanks) {
   session_.CurrentEstimate = {};
   session_.CurrentEstimate.ReservedText.bytes[3] = 'r';
@@ -412,6 +300,83 @@ TEST_F(FolderModelTest, ReservedTextStaysAndOtherZerosBecomeBlanks) {
   EXPECT_EQ(session_.CurrentEstimate.ReservedText.Raw().substr(0, 4), std::string_view("\0\0\0r", 4));
   EXPECT_EQ(session_.CurrentEstimate.PlanDate.Raw(), "          ");
   EXPECT_EQ(disk_.Bytes(EstimateIndexFile).substr(0, 20), "    0               ");
+}
+
+class FolderSearch : public testing::Test {
+ protected:
+  std::unique_ptr<MemoryDisk> disk = SampleDisk();
+  DataFolder folder{"", *disk};
+  Session session;
+};
+
+TEST_F(FolderSearch, CustomersAreSteppedThroughAndFoundByNameOrNumber) {
+  const struct {
+    const char* text;
+    int from;
+    int step;  // 0 finds the first
+    int to;
+    const char* notice = "";
+  } rows[] = {
+      {"", 3, -1, 3, "0 Beginning Of File|"},
+      {"", 3, 1, 5},
+      {"", 12, -1, 7},
+      {"", 12, 1, 12, "0 End Of File|"},
+      {"OAK", 3, 1, 7},
+      {"OAK", 7, 1, 12},
+      {"OAK", 12, 1, 12, "0 No more OAK matches found. Try PREV.|"},
+      {"OAK", 12, -1, 7},
+      {"OAK", 7, -1, 7, "0 No more OAK matches found. Try NEXT.|"},
+      {"OAK", 12, 0, 7},
+      {"HILL", 12, 0, 3},
+      {"NOBODY", 5, 0, 5, "0 End of file, Find unable to locate NOBODY|"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.text) + " from " + std::to_string(row.from) + " by " + std::to_string(row.step));
+    session.CustomerSearchText.clear();
+    ASSERT_TRUE(FindCustomer(folder, session, row.from).hasRecord);
+    session.CustomerSearchText = row.text;
+    const StepResult result = row.step == 0 ? FindCustomer(folder, session, 0) : MoveCustomer(folder, session, row.step);
+    EXPECT_TRUE(result.hasRecord);
+    EXPECT_EQ(result.notice, row.notice);
+    EXPECT_EQ(session.CurrentCustomer.CustomerRecordNumber, row.to);
+    if (row.step == 0) {
+      EXPECT_EQ(session.CustomerFound, result.notice.empty());
+    }
+  }
+  session.CustomerSearchText.clear();
+  for (const int number : {-1, 0, 4, 13, 65543}) {  // 7 in 16 bits
+    EXPECT_FALSE(FindCustomer(folder, session, number).hasRecord || session.CustomerFound) << number;
+  }
+}
+
+TEST_F(FolderSearch, PlansAreSteppedThroughAndFoundByCustomerOrNumber) {
+  const std::vector<int> marks = {6, 9, 2, 8, 3, 5, 1, 7, 4};  // in the order of the index
+  for (int at = 0; at < 9; ++at) {
+    for (const int step : {-1, 1}) {
+      session.EstimateCursor = 1 + 24 * at;
+      const int to = at + step;
+      EXPECT_EQ(MoveEstimate(folder, session, step).notice, to < 0 ? "0 Beginning Of File|" : to > 8 ? "0 End Of File|" : "");
+      EXPECT_EQ(session.CurrentEstimate.RoofSqFt, marks[static_cast<std::size_t>(std::clamp(to, 0, 8))]);
+    }
+  }
+  for (const auto& [wanted, entry] : {std::pair{0, 0}, {3, 2}, {7, 3}, {9, 7}, {12, 8}, {1, -1}, {13, -1}, {-1, -1}, {65543, -1}}) {
+    int number = wanted;
+    session.EstimateCursor = 1;
+    FindFirstEstimateOfCustomer(folder, session, number);
+    EXPECT_EQ(number, entry < 0 ? -1 : wanted);
+    EXPECT_EQ(session.EstimateCursor, 1 + 24 * std::max(entry, 0)) << wanted;
+  }
+  for (const auto& plan : {PlanOf(12345, "OAK 7"), PlanOf(2, "lane-12")}) {
+    session.CurrentEstimate = plan;
+    AddEstimate(folder, session);
+  }
+  EXPECT_TRUE(FindEstimateByPlanText(folder, session, "oak").hasRecord);
+  EXPECT_EQ(session.CurrentEstimate.CustomerNumber, 12345);
+  // The customer's digits are no part of the plan number.
+  EXPECT_EQ(FindEstimateByPlanText(folder, session, "345").notice, "0 End of file, Find unable to locate 345|");
+  EXPECT_EQ(session.CurrentEstimate.CustomerNumber, 12345);
+  EXPECT_TRUE(FindEstimateByPlanText(folder, session, "LANE").hasRecord);
+  EXPECT_EQ(session.CurrentEstimate.CustomerNumber, 2);
 }
 
 }  // namespace

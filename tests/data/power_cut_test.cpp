@@ -4,6 +4,7 @@
 #include <iostream>
 #include <set>
 
+#include "data/folder_reader.h"
 #include "data/journal.h"
 #include "support/data_fixture.h"
 
@@ -16,11 +17,6 @@ constexpr std::string_view kOldBackup = "2025-03-13-080000-start";
 const std::chrono::local_seconds kOldTime = std::chrono::local_days(std::chrono::year(2025) / 3 / 13) + std::chrono::hours(8);
 const std::chrono::local_seconds kNow = kOldTime + std::chrono::hours(24);
 
-const Operation kBackup{"make a backup", [](DataFolder& f, Session&) { (void)MakeBackup(f, BackupReason::Start, kNow); }};
-const Operation kRestoreBack{"restore what was there",
-                             [](DataFolder& f, Session&) { RestoreBackup(f, "2025-03-14-080000-restore", kNow + std::chrono::hours(1)); }};
-const Operation kRestore{"restore a backup", [](DataFolder& f, Session&) { RestoreBackup(f, kOldBackup, kNow); }};
-
 struct Aftermath {
   Survival survival;
   unsigned seed;
@@ -31,6 +27,17 @@ constexpr std::array<Aftermath, 6> kAftermaths = {{{Survival::Nothing, 0},
                                                    {Survival::Something, 2},
                                                    {Survival::Something, 3},
                                                    {Survival::Something, 4}}};
+
+// Returns whether the operation came to its end.
+template <typename Call>
+bool Finishes(MemoryDisk& disk, const Call& operation) {
+  try {
+    operation(disk);
+    return true;
+  } catch (const PowerCut&) {
+    return false;
+  }
+}
 
 // What opening the folder finds there.
 FolderBytes Reopened(MemoryDisk& disk) {
@@ -53,7 +60,7 @@ class CutRun {
     const auto whole = before.Copy();
     states_.push_back(BytesOf(*whole));
     for (const Operation& operation : operations_) {
-      Run(*whole, operation);
+      operation(*whole);
       states_.push_back(BytesOf(*whole));
     }
   }
@@ -67,7 +74,7 @@ class CutRun {
         disk->tearsWrite = torn;
         disk->leaveOutSync = leaveOutSync_;
         finished = 0;
-        while (finished < operations_.size() && Run(*disk, operations_[finished])) ++finished;
+        while (finished < operations_.size() && Finishes(*disk, operations_[finished])) ++finished;
         ++counts_.cuts;
         for (const Aftermath aftermath : kAftermaths)
           Judge(*disk->AfterPowerCut(aftermath.survival, aftermath.seed + static_cast<unsigned>(cut) * 7), finished, cut);
@@ -77,24 +84,15 @@ class CutRun {
   }
 
  private:
-  // Returns whether the operation came to its end.
-  static bool Run(MemoryDisk& disk, const Operation& operation) {
-    try {
-      DataFolder folder("", disk);
-      Session session;
-      operation.run(folder, session);
-      return true;
-    } catch (const PowerCut&) {
-      return false;
-    }
-  }
-
   void Judge(MemoryDisk& survivor, std::size_t finished, int cut) {
     if (leaveOutSync_ < 0) CutRecovery(survivor, finished, cut);
     JudgeBackups(survivor, finished, cut);
+    const auto read = survivor.Copy();
     const FolderBytes found = Reopened(survivor);
     Expect(found, finished, cut);
     if (Reopened(survivor) != found) Wrong(cut, "recovering twice is not recovering once");
+    (void)ErrorOf([&] { (void)ReadAllCustomers("", *read); });
+    if (BytesOf(*read) != found) Wrong(cut, "who only reads finds another state");
   }
 
   // Each backup that counts is whole: it holds a state that there was. One that was made stays; what a restore has replaced and
@@ -103,8 +101,8 @@ class CutRun {
     const auto holds = [](const MemoryDisk& disk, std::string_view name) { return BytesOf(disk, fs::path(kBackupFolder) / name); };
     std::set<FolderBytes> wanted;
     if (before_.Has(fs::path(kBackupFolder) / kOldBackup / kBackupList)) wanted.insert(holds(before_, kOldBackup));
-    if (operations_.front().name == kBackup.name && finished > 0) wanted.insert(states_.front());
-    if (operations_.front().name == kRestore.name && Reopened(*survivor.Copy()) != states_.front()) wanted.insert(states_.front());
+    const bool replaced = operations_.front().name == "restore" && Reopened(*survivor.Copy()) != states_.front();
+    if (replaced || (operations_.front().name == "backup" && finished > 0)) wanted.insert(states_.front());
     for (const Backup& backup : ListBackups(survivor, "")) {
       const FolderBytes bytes = holds(survivor, backup.name);
       if (wanted.erase(bytes) == 0 && std::find(states_.begin(), states_.end(), bytes) == states_.end())
@@ -114,21 +112,15 @@ class CutRun {
   }
 
   void CutRecovery(const MemoryDisk& survivor, std::size_t finished, int cut) {
-    if (!Journal::IsPending(*survivor.Copy(), "")) return;
-    for (int stop = 0;; ++stop) {
+    bool recovered = !Journal::IsPending(*survivor.Copy(), "");
+    for (int stop = 0; !recovered; ++stop) {
       const auto disk = survivor.Copy();
       disk->cutBefore = stop;
       disk->tearsWrite = stop % 2 == 1;
-      bool recovered = true;
-      try {
-        Reopened(*disk);
-      } catch (const PowerCut&) {
-        recovered = false;
-      }
+      recovered = Finishes(*disk, Reopened);
       ++counts_.recoveryCuts;
       for (const Aftermath aftermath : {kAftermaths[0], kAftermaths[1], kAftermaths[2]})
         Expect(Reopened(*disk->AfterPowerCut(aftermath.survival, aftermath.seed + static_cast<unsigned>(stop))), finished, cut);
-      if (recovered) return;
     }
   }
 
@@ -149,98 +141,67 @@ class CutRun {
   CutCounts counts_;
 };
 
-// The sample folder with both indexes lost, so that a rebuild has something to do.
-std::unique_ptr<MemoryDisk> WithoutIndexes(const MemoryDisk& sample) {
-  auto disk = sample.Copy();
-  disk->SetBytes(CustomerIndexFile, "");
-  disk->SetBytes(EstimateIndexFile, "");
-  return disk;
-}
+struct Case {
+  std::shared_ptr<const MemoryDisk> before;
+  Operation operation;
+  Operation next;  // writes the same working files
+};
 
-// A folder with a backup, in which plans, prices and waste factors have changed since.
-std::unique_ptr<MemoryDisk> WithBackup() {
-  auto disk = SampleDisk();
-  disk->SetBytes("NVdata03.db", "prices of yesterday");
-  disk->SetBytes("NVdata04.dat", "waste");
-  DataFolder folder("", *disk);
-  Session session;
-  (void)MakeBackup(folder, BackupReason::Start, kOldTime);
-  session.CurrentEstimate = PlanOf(3, "NEW");
-  AddEstimate(folder, session);
-  disk->SetBytes("NVdata03.db", "prices of today");
-  disk->SetBytes("NVdata03.BAK", "not there yesterday");
-  return disk;
+std::vector<Case> Cases() {
+  const std::shared_ptr<const MemoryDisk> sample = SampleDisk();
+  const std::shared_ptr<MemoryDisk> lost = SampleDisk();  // so that a rebuild has something to do
+  lost->SetBytes(CustomerIndexFile, "");
+  lost->SetBytes(EstimateIndexFile, "");
+  // A backup, and plans, prices and waste factors that have changed since.
+  const std::shared_ptr<MemoryDisk> changed = SampleDisk();
+  changed->SetBytes("NVdata03.db", "prices of yesterday");
+  changed->SetBytes("NVdata04.dat", "waste");
+  Operation{"", [](DataFolder& f, Session&) { (void)MakeBackup(f, BackupReason::Start, kOldTime); }}(*changed);
+  AllOperations().front()(*changed);
+  changed->SetBytes("NVdata03.db", "prices of today");
+  changed->SetBytes("NVdata03.BAK", "not there yesterday");
+
+  const Operation start{"start", [](DataFolder& f, Session& s) { (void)StartFolder(f, s); }};
+  const Operation deleteFirst{"delete the first plan", [](DataFolder& f, Session& s) { (void)DeleteEstimate(f, s); }};
+  const Operation backup{"backup", [](DataFolder& f, Session&) { (void)MakeBackup(f, BackupReason::Start, kNow); }};
+  const Operation restore{"restore", [](DataFolder& f, Session&) { RestoreBackup(f, kOldBackup, kNow); }};
+  const Operation restoreBack{"restore back",
+                              [](DataFolder& f, Session&) { RestoreBackup(f, "2025-03-14-080000-restore", kNow + std::chrono::hours(1)); }};
+  std::vector<Case> cases = {{std::make_shared<MemoryDisk>(), start, AllOperations().front()},
+                             {sample, backup, deleteFirst},
+                             {changed, backup, deleteFirst},
+                             {changed, restore, restoreBack}};
+  for (const Operation& operation : AllOperations())
+    cases.push_back({operation.name == "rebuild" ? lost : sample, operation,
+                     operation.name == "abandon a new customer" ? Operation{"abandon another", AbandonLast} : deleteFirst});
+  return cases;
 }
 
 TEST(PowerCut, LeavesTheStateBeforeOrAfter) {
-  const auto sample = SampleDisk();
   int cuts = 0;
   int recoveryCuts = 0;
-  for (const Operation& operation : AllOperations()) {
-    const CutCounts counts = CutRun(*sample, {operation}).All();
+  for (const Case& c : Cases()) {
+    const CutCounts counts = CutRun(*c.before, {c.operation}).All();
     EXPECT_EQ(counts.wrong, 0) << counts.firstWrong;
-    EXPECT_GE(counts.cuts, 10) << operation.name;
-    cuts += counts.cuts;
-    recoveryCuts += counts.recoveryCuts;
-  }
-  const Operation start{"start", [](DataFolder& f, Session& s) { (void)StartFolder(f, s); }};
-  const Operation rebuild{"rebuild of both", [](DataFolder& f, Session&) { RebuildIndexes(f); }};
-  const MemoryDisk empty;
-  const auto lost = WithoutIndexes(*sample);
-  const auto changed = WithBackup();
-  for (CutRun run : {CutRun(empty, {start}), CutRun(*lost, {rebuild}), CutRun(*sample, {kBackup}), CutRun(*changed, {kBackup}),
-                     CutRun(*changed, {kRestore})}) {
-    const CutCounts counts = run.All();
-    EXPECT_EQ(counts.wrong, 0) << counts.firstWrong;
+    EXPECT_GE(counts.cuts, 10) << c.operation.name;
     cuts += counts.cuts;
     recoveryCuts += counts.recoveryCuts;
   }
   std::cout << cuts << " cuts of operations, each with " << kAftermaths.size() << " aftermaths; " << recoveryCuts
             << " cuts of recoveries\n";
-  RecordProperty("cuts", cuts);
 }
 
 // The test above is worth something only if it notices a missing sync. Each one is needed by itself; some show only when
 // another operation follows.
 TEST(PowerCut, NoticesEachSyncThatIsLeftOut) {
-  const auto sample = SampleDisk();
-  const auto lost = WithoutIndexes(*sample);
-  const Operation deleteFirst{"delete the first plan", [](DataFolder& f, Session& s) { (void)DeleteEstimate(f, s); }};
-  const Operation abandonAnother{"abandon another customer", AbandonLast};
-  int leftOut = 0;
-  for (const Operation& operation : AllOperations()) {
-    const MemoryDisk& before = operation.name == std::string_view("rebuild") ? *lost : *sample;
-    // One that writes the same working files.
-    const Operation& next = operation.name == std::string_view("abandon a new customer") ? abandonAnother : deleteFirst;
-    const auto whole = before.Copy();
-    {
-      DataFolder folder("", *whole);
-      Session session;
-      whole->syncs = 0;
-      operation.run(folder, session);
-    }
-    ASSERT_GE(whole->syncs, 3) << operation.name;
-    for (int left = 0; left < whole->syncs; ++left, ++leftOut)
-      EXPECT_GT(CutRun(before, {operation, next}, left).All().wrong, 0) << operation.name << ", sync " << left << " of " << whole->syncs;
+  for (const Case& c : Cases()) {
+    const auto whole = c.before->Copy();
+    c.operation(*whole);
+    ASSERT_GE(whole->syncs, 3) << c.operation.name;
+    for (int left = 0; left < whole->syncs; ++left)
+      EXPECT_GT(CutRun(*c.before, {c.operation, c.next}, left).All().wrong, 0)
+          << c.operation.name << ", sync " << left << " of " << whole->syncs;
   }
-  const auto changed = WithBackup();
-  const struct {
-    const MemoryDisk& before;
-    Operation operation;
-    Operation next;
-  } rows[] = {{*sample, kBackup, deleteFirst}, {*changed, kBackup, deleteFirst}, {*changed, kRestore, kRestoreBack}};
-  for (const auto& [before, operation, next] : rows) {
-    const auto whole = before.Copy();
-    {
-      DataFolder folder("", *whole);
-      Session session;
-      whole->syncs = 0;
-      operation.run(folder, session);
-    }
-    for (int left = 0; left < whole->syncs; ++left, ++leftOut)
-      EXPECT_GT(CutRun(before, {operation, next}, left).All().wrong, 0) << operation.name << ", sync " << left << " of " << whole->syncs;
-  }
-  std::cout << leftOut << " syncs left out, one at a time\n";
 }
 
 // A repair takes several steps; each is whole, and what is cut off is on the disk elsewhere before.
@@ -249,36 +210,28 @@ TEST(PowerCut, ARepairLosesNothing) {
   damaged->SetBytes(EstimateDataFile, damaged->Bytes(EstimateDataFile) + "leftover");
   damaged->SetBytes(CustomerDataFile, damaged->Bytes(CustomerDataFile).substr(CustomerRecordSize) + "rest");
   damaged->SetBytes(EstimateIndexFile, "");
-  const auto repair = [](MemoryDisk& disk) {
-    DataFolder folder("", disk);
-    return RepairFolder(folder).size();
-  };
+  const Operation repair{"repair", [](DataFolder& folder, Session&) { ASSERT_TRUE(RepairFolder(folder).empty()); }};
   const auto records = [](const MemoryDisk& disk) {
     FolderBytes bytes = BytesOf(disk);
     std::erase_if(bytes, [](const auto& file) { return file.first == kCustomerLeftovers || file.first == kEstimateLeftovers; });
     return bytes;
   };
   const auto whole = damaged->Copy();
-  ASSERT_EQ(repair(*whole), 0U);
+  repair(*whole);
   ASSERT_EQ(whole->Bytes(EstimateDataFile).size(), 9 * EstimateRecordSize);
   ASSERT_EQ(whole->Bytes(CustomerDataFile).size(), 5 * CustomerRecordSize);
-  for (int cut = 0;; ++cut) {
+  bool finished = false;
+  for (int cut = 0; !finished; ++cut) {
     const auto disk = damaged->Copy();
     disk->cutBefore = cut;
-    bool finished = true;
-    try {
-      (void)repair(*disk);
-    } catch (const PowerCut&) {
-      finished = false;
-    }
+    finished = Finishes(*disk, repair);
     for (const Aftermath aftermath : kAftermaths) {
       const auto survivor = disk->AfterPowerCut(aftermath.survival, aftermath.seed);
-      ASSERT_EQ(repair(*survivor), 0U) << cut;
+      repair(*survivor);
       ASSERT_TRUE(records(*survivor) == records(*whole)) << cut;
       ASSERT_TRUE(Has(survivor->Bytes(kEstimateLeftovers), "leftover")) << cut;
       ASSERT_TRUE(Has(survivor->Bytes(kCustomerLeftovers), "rest")) << cut;
     }
-    if (finished) break;
   }
 }
 

@@ -22,21 +22,22 @@ void Demand(bool holds, const std::string& what) {
 }
 
 // The whole records of a file, in no order; a customer's without his number, which a repair may change.
-template <typename Files>
-std::vector<std::string> RecordsOf(const MemoryDisk& disk) {
-  const std::string bytes = disk.Bytes(NameOf(Files::kRecords));
-  constexpr std::size_t kKept = std::is_same_v<Files, CustomerFiles> ? Files::kRecordSize - 2 : Files::kRecordSize;
+std::vector<std::string> RecordsOf(const MemoryDisk& disk, DataFile file) {
+  const std::string bytes = disk.Bytes(NameOf(file));
+  const std::size_t size = file == DataFile::Customers ? CustomerRecordSize : EstimateRecordSize;
   std::vector<std::string> records;
-  for (std::size_t at = 0; at + Files::kRecordSize <= bytes.size(); at += Files::kRecordSize) records.push_back(bytes.substr(at, kKept));
+  for (std::size_t at = 0; at + size <= bytes.size(); at += size)
+    records.push_back(bytes.substr(at, file == DataFile::Customers ? size - 2 : size));
   std::sort(records.begin(), records.end());
   return records;
 }
 
-template <typename Files>
 void DemandSurvivors(const MemoryDisk& before, const MemoryDisk& after) {
-  const auto old = RecordsOf<Files>(before);
-  const auto now = RecordsOf<Files>(after);
-  Demand(std::includes(now.begin(), now.end(), old.begin(), old.end()), "a record was lost");
+  for (const DataFile file : {DataFile::Customers, DataFile::Estimates}) {
+    const auto old = RecordsOf(before, file);
+    const auto now = RecordsOf(after, file);
+    Demand(std::includes(now.begin(), now.end(), old.begin(), old.end()), "a record was lost");
+  }
 }
 
 void ReadAll(MemoryDisk& disk) {
@@ -58,10 +59,8 @@ void ProbeDamagedFolder(const MemoryDisk& damaged) {
   for (const Operation& operation : AllOperations()) {
     const auto disk = damaged.Copy();
     MayRefuse([&] {
-      DataFolder folder("", *disk);
-      Session session;
       try {
-        operation.run(folder, session);
+        operation(*disk);
       } catch (const std::logic_error&) {  // what it needs is not on file
       }
     });
@@ -69,33 +68,25 @@ void ProbeDamagedFolder(const MemoryDisk& damaged) {
 
   // A start mends the index and nothing else.
   const auto started = damaged.Copy();
-  FolderStart start;
-  {
-    DataFolder folder("", *started);
-    Session session;
-    start = StartFolder(folder, session);
-    Demand(start.MayWork() || !start.faults.empty(), "a folder is refused without a reason");
-    for (const Fault& fault : start.faults)
-      Demand(fault.kind != FaultKind::Index || !start.MayWork(), "a start left an index as it was: " + fault.text);
-    DemandSurvivors<CustomerFiles>(damaged, *started);
-    DemandSurvivors<EstimateFiles>(damaged, *started);
-    if (start.MayWork()) {
-      session.CurrentEstimate = PlanOf(7, "NEW");
-      AddEstimate(folder, session);
-      Demand(FindEstimateOfPlan(folder, session, 7, "NEW"), "a plan that was added is not found");
-    }
+  DataFolder folder("", *started);
+  Session session;
+  const FolderStart start = StartFolder(folder, session);
+  DemandSurvivors(damaged, *started);
+  const auto isLost = [](const Fault& fault) { return fault.kind == FaultKind::Records; };
+  Demand(start.MayWork() || std::any_of(start.faults.begin(), start.faults.end(), isLost), "a start left an index as it was");
+  if (start.MayWork()) {
+    session.CurrentEstimate = PlanOf(7, "NEW");
+    AddEstimate(folder, session);
+    Demand(FindEstimateOfPlan(folder, session, 7, "NEW"), "a plan that was added is not found");
   }
 
   const auto repaired = damaged.Copy();
-  {
-    DataFolder folder("", *repaired);
-    for (const Fault& fault : RepairFolder(folder)) Demand(fault.kind == FaultKind::Twins, "a repair left: " + fault.text);
-    DemandSurvivors<CustomerFiles>(damaged, *repaired);
-    DemandSurvivors<EstimateFiles>(damaged, *repaired);
-    const FolderBytes once = BytesOf(*repaired);
-    (void)RepairFolder(folder);
-    Demand(BytesOf(*repaired) == once, "a second repair changed something");
-  }
+  DataFolder mended("", *repaired);
+  for (const Fault& fault : RepairFolder(mended)) Demand(fault.kind == FaultKind::Twins, "a repair left: " + fault.text);
+  DemandSurvivors(damaged, *repaired);
+  const FolderBytes once = BytesOf(*repaired);
+  (void)RepairFolder(mended);
+  Demand(BytesOf(*repaired) == once, "a second repair changed something");
 }
 
 }  // namespace norvale

@@ -58,14 +58,51 @@ inline std::unique_ptr<MemoryDisk> SampleDisk() {
   return disk;
 }
 
+/// What is said where the call fails; empty where it does not.
+template <typename Call>
+std::string ErrorOf(Call call) {
+  try {
+    call();
+  } catch (const FileError& error) {
+    return error.what();
+  }
+  return "";
+}
+
 /// One operation on the sample folder, with the cursors where it needs them. `run` throws FileError where the disk does.
 struct Operation {
-  const char* name;
+  std::string_view name;
   std::function<void(DataFolder&, Session&)> run;
+
+  void operator()(MemoryDisk& disk) const {
+    DataFolder folder("", disk);
+    Session session;
+    run(folder, session);
+  }
 };
 
 inline void Require(bool done) {
   if (!done) throw std::logic_error("the operation did not run");
+}
+
+/// Gives the plan another customer, or just another mark where he has it already.
+inline auto UpdatePlan(std::int16_t customer, std::string_view number, std::int16_t to) {
+  return [=](DataFolder& folder, Session& session) {
+    Require(FindEstimateOfPlan(folder, session, customer, number));
+    session.CurrentEstimate.CustomerNumber = to;
+    session.CurrentEstimate.RoofSqFt = 53;
+    Require(UpdateEstimate(folder, session) == EstimateChange::Done);
+  };
+}
+
+/// Gives the customer another city and perhaps another number.
+inline auto UpdateCustomer(std::int16_t number, std::int16_t to) {
+  return [=](DataFolder& folder, Session& session) {
+    Require(FindCustomer(folder, session, number).hasRecord);
+    session.CurrentCustomer.City.Assign("Dover");
+    session.CurrentCustomer.CustomerRecordNumber = to;
+    Require(SaveCustomer(folder, session) == SaveCustomerResult::Saved);
+  };
 }
 
 /// Takes the last customer back as if he had just been added.
@@ -81,24 +118,9 @@ inline const std::vector<Operation>& AllOperations() {
       {"add a plan at the head", [](DataFolder& f, Session& s) { s.CurrentEstimate = PlanOf(0, " ", 50), AddEstimate(f, s); }},
       {"add a plan in the middle", [](DataFolder& f, Session& s) { s.CurrentEstimate = PlanOf(7, "A", 51), AddEstimate(f, s); }},
       {"add a plan at the tail", [](DataFolder& f, Session& s) { s.CurrentEstimate = PlanOf(99, "A", 52), AddEstimate(f, s); }},
-      {"update a plan in place",
-       [](DataFolder& f, Session& s) {
-         Require(FindEstimateOfPlan(f, s, 3, "A"));
-         s.CurrentEstimate.RoofSqFt = 53;
-         Require(UpdateEstimate(f, s) == EstimateChange::Done);
-       }},
-      {"renumber a plan toward the tail",
-       [](DataFolder& f, Session& s) {
-         Require(FindEstimateOfPlan(f, s, 3, "A"));
-         s.CurrentEstimate.CustomerNumber = 10;
-         Require(UpdateEstimate(f, s) == EstimateChange::Done);
-       }},
-      {"renumber a plan toward the head",
-       [](DataFolder& f, Session& s) {
-         Require(FindEstimateOfPlan(f, s, 12, "Z"));
-         s.CurrentEstimate.CustomerNumber = 1;
-         Require(UpdateEstimate(f, s) == EstimateChange::Done);
-       }},
+      {"update a plan in place", UpdatePlan(3, "A", 3)},
+      {"renumber a plan toward the tail", UpdatePlan(3, "A", 10)},
+      {"renumber a plan toward the head", UpdatePlan(12, "Z", 1)},
       {"delete a plan",
        [](DataFolder& f, Session& s) {
          Require(FindEstimateOfPlan(f, s, 7, "A"));
@@ -106,24 +128,9 @@ inline const std::vector<Operation>& AllOperations() {
        }},
       {"hand plans to the company", [](DataFolder& f, Session&) { ReassignEstimatesToCompany(f, 7); }},
       {"add a blank customer", [](DataFolder& f, Session& s) { Require(AddBlankCustomer(f, s) == AddCustomer::Added); }},
-      {"save a customer in place",
-       [](DataFolder& f, Session& s) {
-         Require(FindCustomer(f, s, 5).hasRecord);
-         s.CurrentCustomer.City.Assign("Dover");
-         Require(SaveCustomer(f, s) == SaveCustomerResult::Saved);
-       }},
-      {"renumber a customer without plans",
-       [](DataFolder& f, Session& s) {
-         Require(FindCustomer(f, s, 5).hasRecord);
-         s.CurrentCustomer.CustomerRecordNumber = 20;
-         Require(SaveCustomer(f, s) == SaveCustomerResult::Saved);
-       }},
-      {"renumber a customer with plans",
-       [](DataFolder& f, Session& s) {
-         Require(FindCustomer(f, s, 7).hasRecord);
-         s.CurrentCustomer.CustomerRecordNumber = 9;
-         Require(SaveCustomer(f, s) == SaveCustomerResult::Saved);
-       }},
+      {"save a customer in place", UpdateCustomer(5, 5)},
+      {"renumber a customer without plans", UpdateCustomer(5, 20)},
+      {"renumber a customer with plans", UpdateCustomer(7, 9)},
       {"save the company",
        [](DataFolder& f, Session& s) {
          OpenCompany(f, s);

@@ -92,19 +92,18 @@ bool MemoryDisk::Change(const std::string& name, bool isWrite) {
   throw PowerCut();
 }
 
-std::shared_ptr<MemoryDisk::Folder> MemoryDisk::FolderAt(const std::filesystem::path& path) const {
-  std::shared_ptr<Folder> folder = root_;
+MemoryDisk::Entry MemoryDisk::At(const std::filesystem::path& path) const {
+  Entry entry{nullptr, root_};
   for (const auto& name : path) {
     if (name == ".") continue;
-    const auto found = folder->now.find(name.string());
-    if (found == folder->now.end() || found->second.folder == nullptr) return nullptr;
-    folder = found->second.folder;
+    if (entry.folder == nullptr || !entry.folder->now.contains(name.string())) return {};
+    entry = Entry(entry.folder->now.at(name.string()));
   }
-  return folder;
+  return entry;
 }
 
 std::shared_ptr<MemoryDisk::Folder> MemoryDisk::Parent(const std::filesystem::path& path) const {
-  auto folder = FolderAt(path.parent_path());
+  auto folder = At(path.parent_path()).folder;
   if (folder == nullptr) throw FileError(NameOf(path), "No such file or directory");
   return folder;
 }
@@ -116,31 +115,27 @@ void MemoryDisk::ChangeNames(Folder& folder, std::function<void(Entries&)> chang
 
 std::unique_ptr<DiskFile> MemoryDisk::Open(const std::filesystem::path& path, Opening opening) {
   const std::string name = NameOf(path);
-  const bool makes = opening == Opening::Create || opening == Opening::Fresh;
-  if (!makes && !Has(path)) {
+  if (const auto content = At(path).file) {
+    auto file = std::make_unique<MemoryFile>(*this, name, content);
+    if (opening == Opening::Fresh)
+      file->Resize(0);
+    else
+      Call(name);
+    return file;
+  }
+  if (opening == Opening::Read || opening == Opening::Update) {
     Call(name);
     return nullptr;
   }
   const auto folder = Parent(path);
-  if (!Has(path)) {
-    Change(name);
-    auto content = std::make_shared<Content>();
-    ChangeNames(*folder, [name, content](Entries& names) { names[name] = {content, nullptr}; });
-    return std::make_unique<MemoryFile>(*this, name, content);
-  }
-  auto file = std::make_unique<MemoryFile>(*this, name, folder->now.at(name).file);
-  if (opening == Opening::Fresh)
-    file->Resize(0);
-  else
-    Call(name);
-  return file;
+  Change(name);
+  auto content = std::make_shared<Content>();
+  ChangeNames(*folder, [name, content](Entries& names) { names[name] = {content, nullptr}; });
+  return std::make_unique<MemoryFile>(*this, name, content);
 }
 
 void MemoryDisk::RequireClosed(const std::filesystem::path& path) const {
-  const auto folder = FolderAt(path.parent_path());
-  if (folder == nullptr) return;
-  const auto found = folder->now.find(NameOf(path));
-  if (found != folder->now.end() && found->second.file != nullptr && found->second.file->opened > 0)
+  if (const auto file = At(path).file; file != nullptr && file->opened > 0)
     throw std::logic_error(NameOf(path) + " is renamed, replaced or deleted while it is open");
 }
 
@@ -168,7 +163,7 @@ void MemoryDisk::Remove(const std::filesystem::path& path) {
 void MemoryDisk::SyncFolder(const std::filesystem::path& folder) {
   Change(NameOf(folder));
   if (LeavesOut()) return;
-  const auto synced = FolderAt(folder);
+  const auto synced = At(folder).folder;
   synced->synced = synced->now;
   synced->pending.clear();
 }
@@ -176,20 +171,20 @@ void MemoryDisk::SyncFolder(const std::filesystem::path& folder) {
 std::vector<std::string> MemoryDisk::Names(const std::filesystem::path& folder) {
   Call(NameOf(folder));
   std::vector<std::string> names;
-  if (const auto read = FolderAt(folder))
+  if (const auto read = At(folder).folder)
     for (const auto& [name, entry] : read->now) names.push_back(name);
   return names;
 }
 
 void MemoryDisk::MakeFolder(const std::filesystem::path& folder) {
-  if (FolderAt(folder) != nullptr) return Call(NameOf(folder));
+  if (At(folder).folder != nullptr) return Call(NameOf(folder));
   Change(NameOf(folder));
   auto made = std::make_shared<Folder>();
   ChangeNames(*Parent(folder), [name = NameOf(folder), made](Entries& names) { names[name] = {nullptr, made}; });
 }
 
 void MemoryDisk::RemoveFolder(const std::filesystem::path& folder) {
-  const auto removed = FolderAt(folder);
+  const auto removed = At(folder).folder;
   if (removed != nullptr && !removed->now.empty()) throw FileError(NameOf(folder), "Directory not empty");
   Remove(folder);
 }
@@ -200,32 +195,10 @@ std::unique_ptr<DiskLock> MemoryDisk::TryLock(const std::filesystem::path& path)
   return std::make_unique<MemoryLock>(*this);
 }
 
-std::shared_ptr<MemoryDisk::Folder> MemoryDisk::CopyOf(const Folder& folder) {
-  auto copy = std::make_shared<Folder>();
-  for (const auto& [name, entry] : folder.now) {
-    Entry& copied = copy->now[name];
-    if (entry.folder != nullptr) {
-      copied.folder = CopyOf(*entry.folder);
-    } else {
-      copied.file = std::make_shared<Content>();
-      copied.file->now = copied.file->synced = entry.file->now;
-    }
-  }
-  copy->synced = copy->now;
-  return copy;
-}
-
-std::unique_ptr<MemoryDisk> MemoryDisk::Copy() const {
-  auto copy = std::make_unique<MemoryDisk>();
-  copy->root_ = CopyOf(*root_);
-  return copy;
-}
-
 std::unique_ptr<MemoryDisk> MemoryDisk::AfterPowerCut(Survival survival, unsigned seed) const {
-  if (survival == Survival::Everything) return Copy();
   constexpr std::size_t kPiece = 64;  // smaller than any real disk's, so that one record can be torn as well
   std::minstd_rand chance(seed);
-  const auto survives = [&] { return survival == Survival::Something && chance() % 2 == 0; };
+  const auto survives = [&] { return survival == Survival::Everything || (survival == Survival::Something && chance() % 2 == 0); };
   const std::function<std::shared_ptr<Folder>(const Folder&)> after = [&](const Folder& folder) {
     auto left = std::make_shared<Folder>();
     left->now = folder.synced;
@@ -257,28 +230,25 @@ std::unique_ptr<MemoryDisk> MemoryDisk::AfterPowerCut(Survival survival, unsigne
 }
 
 std::string MemoryDisk::Bytes(const std::filesystem::path& path) const {
-  return Has(path) ? Parent(path)->now.at(NameOf(path)).file->now : std::string();
+  const auto file = At(path).file;
+  return file != nullptr ? file->now : std::string();
 }
 
 void MemoryDisk::SetBytes(const std::filesystem::path& path, std::string bytes) {
   auto content = std::make_shared<Content>();
   content->now = content->synced = std::move(bytes);
   const auto folder = Parent(path);
-  folder->now[NameOf(path)] = folder->synced[NameOf(path)] = {content, nullptr};
+  folder->now[NameOf(path)] = {content, nullptr};
+  folder->synced = folder->now;
+  folder->pending.clear();
 }
 
 std::map<std::string, std::string> MemoryDisk::FilesIn(const std::filesystem::path& path) const {
   std::map<std::string, std::string> files;
-  if (const auto folder = FolderAt(path))
+  if (const auto folder = At(path).folder)
     for (const auto& [name, entry] : folder->now)
       if (entry.file != nullptr) files[name] = entry.file->now;
   return files;
-}
-
-bool MemoryDisk::Has(const std::filesystem::path& path) const {
-  const auto folder = FolderAt(path.parent_path());
-  const auto found = folder == nullptr ? Entries::const_iterator() : folder->now.find(NameOf(path));
-  return folder != nullptr && found != folder->now.end() && found->second.file != nullptr;
 }
 
 }  // namespace norvale

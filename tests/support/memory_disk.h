@@ -36,16 +36,18 @@ class MemoryDisk final : public Disk {
   void RemoveFolder(const std::filesystem::path& folder) override;
   std::unique_ptr<DiskLock> TryLock(const std::filesystem::path& path) override;
 
-  /// A disk of its own with what stands on this one now, all of it synced.
-  [[nodiscard]] std::unique_ptr<MemoryDisk> Copy() const;
+  /// A disk of its own with what this one holds now, all of it synced.
+  [[nodiscard]] std::unique_ptr<MemoryDisk> Copy() const { return AfterPowerCut(Survival::Everything, 0); }
 
   /// The disk after the power has come back. `seed` chooses for Survival::Something.
   [[nodiscard]] std::unique_ptr<MemoryDisk> AfterPowerCut(Survival survival, unsigned seed) const;
 
   /// The bytes of a file; empty where there is none.
   [[nodiscard]] std::string Bytes(const std::filesystem::path& path) const;
+
+  /// Puts a file there as if it had been on the disk for long.
   void SetBytes(const std::filesystem::path& path, std::string bytes);
-  [[nodiscard]] bool Has(const std::filesystem::path& path) const;
+  [[nodiscard]] bool Has(const std::filesystem::path& path) const { return At(path).file != nullptr; }
 
   /// The bytes of all files of a folder, by their name.
   [[nodiscard]] std::map<std::string, std::string> FilesIn(const std::filesystem::path& folder) const;
@@ -90,6 +92,11 @@ class MemoryDisk final : public Disk {
     std::vector<std::function<void(Entries&)>> pending;
   };
 
+  // What has that path; neither file nor folder where nothing has.
+  [[nodiscard]] Entry At(const std::filesystem::path& path) const;
+  // The folder that holds the path's last name; throws FileError where there is none.
+  [[nodiscard]] std::shared_ptr<Folder> Parent(const std::filesystem::path& path) const;
+  static void ChangeNames(Folder& folder, std::function<void(Entries&)> change);
   // Not every system renames, replaces or deletes a file that is open.
   void RequireClosed(const std::filesystem::path& path) const;
   void Call(const std::string& name);
@@ -97,12 +104,6 @@ class MemoryDisk final : public Disk {
   bool Change(const std::string& name, bool isWrite = false);
   bool LeavesOut() { return syncs++ == leaveOutSync; }
   static void Apply(std::string& content, const Pending& change);
-  // The folder of that path, or nothing.
-  [[nodiscard]] std::shared_ptr<Folder> FolderAt(const std::filesystem::path& path) const;
-  // The folder that holds the path's last name; throws FileError where there is none.
-  [[nodiscard]] std::shared_ptr<Folder> Parent(const std::filesystem::path& path) const;
-  static void ChangeNames(Folder& folder, std::function<void(Entries&)> change);
-  static std::shared_ptr<Folder> CopyOf(const Folder& folder);
 
   std::shared_ptr<Folder> root_ = std::make_shared<Folder>();
   bool isDead_ = false;
