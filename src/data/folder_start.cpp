@@ -57,6 +57,7 @@ FolderStart StartFolder(DataFolder& folder, Session& session) {
   if (start.madeCompany) WriteBlankCompany(folder);
   OpenDataFile(folder, DataFile::Estimates);
   OpenDataFile(folder, DataFile::EstimateIndex);
+  folder.Files().SyncFolder(folder.Folder());  // what is added to a file is safe only where its name is
   start.rebuiltCustomerIndex = Mend<CustomerFiles>(folder, start.faults);
   start.rebuiltEstimateIndex = Mend<EstimateFiles>(folder, start.faults);
   if (start.MayWork()) {
