@@ -60,9 +60,10 @@ TEST_F(BackupTest, KeepsTheLastTenThatDiffer) {
   EXPECT_EQ(disk->Names(kBackupFolder).size(), kBackupsKept) << "the older ones are gone altogether";
   EXPECT_FALSE(disk->Has(In(backups.front().name, "house.pdf")));
   EXPECT_TRUE(BytesOf(*disk, In(backups.front().name)) == BytesOf(*disk));
-  // A file more is something new, even where it is empty.
-  disk->SetBytes("NVdata05.dat", "");
-  EXPECT_TRUE(MakeBackup(folder, BackupReason::Start, kMorning + hours(24 * 12)));
+  for (const char* waste : {"", "5", "6"}) {  // a file more, even an empty one, and one byte that is another
+    disk->SetBytes("NVdata04.dat", waste);
+    EXPECT_TRUE(MakeBackup(folder, BackupReason::Start, kMorning + hours(24 * 12))) << waste;
+  }
 }
 
 // Backups of a clock that ran ahead go first; the one just made never does.
@@ -77,13 +78,13 @@ TEST_F(BackupTest, AWrongClockCostsNoNewBackup) {
 
 TEST_F(BackupTest, ClearsAwayOnlyWhatIsItsOwn) {
   (void)Next(hours(0));
-  for (const char* name : {"2025-12-30-080000-start.new", "2025-12-30-080000-start.gone", "2025-13-30-080000-start.new", "mine"}) {
+  for (const char* name : {"2025-12-30-080000-start.new", "2025-12-30-080000-start.gone", "2025-12-30x080000-start.new", "mine"}) {
     disk->MakeFolder(In(name));
     disk->SetBytes(In(name, CustomerDataFile), "half a");
   }
   disk->SetBytes("NVdata03.db.restored", "left by an interrupted restore");
   (void)Next(hours(1), BackupReason::Hand);
-  EXPECT_THAT(disk->Names(kBackupFolder), ElementsAre(kMorningName, "2025-12-31-090000-hand", "2025-13-30-080000-start.new", "mine"));
+  EXPECT_THAT(disk->Names(kBackupFolder), ElementsAre("2025-12-30x080000-start.new", kMorningName, "2025-12-31-090000-hand", "mine"));
   EXPECT_FALSE(disk->Has("NVdata03.db.restored"));
   EXPECT_THAT(Names(), ElementsAre("2025-12-31-090000-hand", kMorningName));
 }

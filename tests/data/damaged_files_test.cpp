@@ -90,11 +90,15 @@ TEST(DamagedFiles, ARepairKeepsWhatItCutsOffAndNumbersWhoHadNone) {
 
   // A second company becomes the first customer whose number is free; two of one number are left to the operator.
   StoreAll(folder, std::vector{Customer(1, "One")}, {});
-  std::string twice = disk->Bytes(CustomerDataFile) + Encoded(Customer(0, "Zero"), 293) + Encoded(Customer(3, "Twin"), 293);
+  std::string twice = disk->Bytes(CustomerDataFile) + Encoded(Customer(0, "Zero"), 293) + Encoded(Customer(-5, "Minus"), 293) +
+                      Encoded(Customer(3, "Twin"), 293);
   disk->SetBytes(CustomerDataFile, twice);
   EXPECT_EQ(Whole(RepairFolder(folder)),
-            "customer.db: the record at position 2052 has the number 3 of the customer at position 587; give one of them another number\n");
+            "customer.db: the record at position 2345 has the number 3 of the customer at position 587; give one of them another number\n");
   EXPECT_EQ(FindCustomerRecord("", 2, *disk)->CustomerName.Trimmed(), "Zero");
+  EXPECT_EQ(FindCustomerRecord("", 4, *disk)->CustomerName.Trimmed(), "Minus");
+  Session session;
+  EXPECT_TRUE(StartFolder(folder, session).MayWork());
 }
 
 TEST(DamagedFiles, EveryLengthUpToTwoRecords) {

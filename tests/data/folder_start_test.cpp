@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "data/folder_reader.h"
+#include "data/journal.h"
 #include "support/data_fixture.h"
 
 namespace norvale {
@@ -46,6 +47,19 @@ TEST(FolderStart, LostRecordsAreToldNotForgotten) {
   const FolderStart start = Start(*disk);
   EXPECT_FALSE(start.MayWork() || start.madeCompany || start.rebuiltCustomerIndex);
   EXPECT_EQ(disk->Bytes(CustomerIndexFile).size(), 5 * CustomerIndexEntrySize);
+}
+
+// What a change has not finished is not read while the one who makes it is still there.
+TEST(FolderReader, DoesNotReadAHalfFinishedChange) {
+  std::unique_ptr<MemoryDisk> disk;
+  for (int cut = 0; !disk || !Journal::IsPending(*disk, ""); ++cut) {
+    const auto dying = SampleDisk();
+    dying->cutBefore = dying->changes + cut;
+    (void)ErrorOf([&] { AllOperations().front()(*dying); });
+    disk = dying->AfterPowerCut(Survival::Everything, 0);
+  }
+  disk->isLocked = true;
+  EXPECT_EQ(ErrorOf([&] { (void)ReadAllCustomers("", *disk); }), ": another program is changing the customers and plans of this folder");
 }
 
 TEST(FolderReader, FindsTheFirstOfSeveralAndNothingWhereNothingIs) {

@@ -59,7 +59,8 @@ TEST_F(SystemDiskTest, ErrorsNameFileAndReason) {
   SystemDisk().Remove(missing);  // no error
   EXPECT_EQ(ErrorOf([&] { SystemDisk().Rename(missing, folder_ / "x"); }), missing.string() + ": No such file or directory");
   EXPECT_EQ(ErrorOf([&] { DataFolder{missing}; }), (missing / kLockFile).string() + ": No such file or directory");
-  EXPECT_EQ(ErrorOf([&] { (void)SystemDisk().Open(folder_, Opening::Create); }), folder_.string() + ": Is a directory");
+  for (const Opening opening : {Opening::Create, Opening::Update})
+    EXPECT_EQ(ErrorOf([&] { (void)SystemDisk().Open(folder_, opening); }), folder_.string() + ": Is a directory");
   EXPECT_EQ(ErrorOf([&] { (void)SystemDisk().Open(missing / "x", Opening::Create); }),
             (missing / "x").string() + ": No such file or directory");
   const auto read = SystemDisk().Open(folder_ / "r", Opening::Create);

@@ -14,62 +14,49 @@ namespace norvale {
 
 /// The computer's disk until `reason` is set: then every call that changes something is refused with it.
 class RefusingDisk final : public Disk {
+  using Path = std::filesystem::path;
+
  public:
   std::string reason;
 
-  std::unique_ptr<DiskFile> Open(const std::filesystem::path& path, Opening opening) override {
+  std::unique_ptr<DiskFile> Open(const Path& path, Opening opening) override {
     auto file = SystemDisk().Open(path, opening);
-    if (file == nullptr) return nullptr;
-    return std::make_unique<File>(*this, path, std::move(file));
+    return file == nullptr ? nullptr : std::make_unique<File>(*this, path, std::move(file));
   }
-  void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
-    Refuse(from);
-    SystemDisk().Rename(from, to);
-  }
-  void Remove(const std::filesystem::path& path) override {
-    Refuse(path);
-    SystemDisk().Remove(path);
-  }
-  void SyncFolder(const std::filesystem::path& folder) override { SystemDisk().SyncFolder(folder); }
-  std::vector<std::string> Names(const std::filesystem::path& folder) override { return SystemDisk().Names(folder); }
-  void MakeFolder(const std::filesystem::path& folder) override {
-    Refuse(folder);
-    SystemDisk().MakeFolder(folder);
-  }
-  void RemoveFolder(const std::filesystem::path& folder) override {
-    Refuse(folder);
-    SystemDisk().RemoveFolder(folder);
-  }
-  std::unique_ptr<DiskLock> TryLock(const std::filesystem::path& path) override {
-    Refuse(path);
-    return SystemDisk().TryLock(path);
-  }
+  void Rename(const Path& from, const Path& to) override { ToChange(from).Rename(from, to); }
+  void Remove(const Path& path) override { ToChange(path).Remove(path); }
+  void SyncFolder(const Path& folder) override { SystemDisk().SyncFolder(folder); }
+  std::vector<std::string> Names(const Path& folder) override { return SystemDisk().Names(folder); }
+  void MakeFolder(const Path& folder) override { ToChange(folder).MakeFolder(folder); }
+  void RemoveFolder(const Path& folder) override { ToChange(folder).RemoveFolder(folder); }
+  std::unique_ptr<DiskLock> TryLock(const Path& path) override { return ToChange(path).TryLock(path); }
 
  private:
   class File final : public DiskFile {
    public:
-    File(const RefusingDisk& disk, std::filesystem::path path, std::unique_ptr<DiskFile> file)
+    File(const RefusingDisk& disk, Path path, std::unique_ptr<DiskFile> file)
         : disk_(disk), path_(std::move(path)), file_(std::move(file)) {}
     std::uint64_t Size() override { return file_->Size(); }
     std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t size) override { return file_->ReadAt(offset, to, size); }
-    void WriteAt(std::uint64_t offset, std::string_view bytes) override {
-      disk_.Refuse(path_);
-      file_->WriteAt(offset, bytes);
-    }
-    void Resize(std::uint64_t size) override {
-      disk_.Refuse(path_);
-      file_->Resize(size);
-    }
+    void WriteAt(std::uint64_t offset, std::string_view bytes) override { ToChange().WriteAt(offset, bytes); }
+    void Resize(std::uint64_t size) override { ToChange().Resize(size); }
     void Sync() override { file_->Sync(); }
 
    private:
+    DiskFile& ToChange() {
+      (void)disk_.ToChange(path_);
+      return *file_;
+    }
+
     const RefusingDisk& disk_;
-    std::filesystem::path path_;
+    Path path_;
     std::unique_ptr<DiskFile> file_;
   };
 
-  void Refuse(const std::filesystem::path& path) const {
+  // The disk to do it on; throws FileError where it is refused.
+  [[nodiscard]] Disk& ToChange(const Path& path) const {
     if (!reason.empty()) throw FileError(path.filename().string(), reason);
+    return SystemDisk();
   }
 };
 
