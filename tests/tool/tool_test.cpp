@@ -139,47 +139,30 @@ TEST_F(Tool, FailuresAreOneLineAndChangeNothing) {
     EXPECT_EQ(FourFiles(work), before);
     EXPECT_FALSE(fs::exists(scratch / "nowhere"));
   }
-  const Outcome full = Call("--folder '@/sound' " + printA, "/dev/full");
-  EXPECT_EQ(full.status, 1);
-  EXPECT_THAT(full.err, StartsWith("norvale-tool: standard output: "));
+  for (const std::string& words : {std::string("check"), printA}) {  // little and much
+    const Outcome full = Call("--folder '@/sound' " + words, "/dev/full");
+    EXPECT_EQ(full.status, 1) << words;
+    EXPECT_THAT(full.err, StartsWith("norvale-tool: standard output: "));
+  }
 }
 
 TEST_F(Tool, WrongWordsTellTheUsage) {
-  for (const char* words : {"",
-                            "print",
-                            "print estimate --customer 7",
-                            "print estimate --plan A",
-                            "print estimate --customer 70000 --plan A",
-                            "print estimate --customer 7 --plan A --sections 2048",
-                            "print estimate --customer 7 --plan A --sections -1",
-                            "print estimate --customer 7 --plan A --format xml",
-                            "print estimate --customer 7 --plan A --plan B",
-                            "print worksheet",
-                            "print worksheet --plan-type 16",
-                            "print worksheet --plan-type 8192",
-                            "print worksheet --plan-type 4097",
-                            "print worksheet --plan-type 1 --kind all",
-                            "print summary --customer 7 --plan A --order sku",
-                            "print customers --from 9 --to 3",
-                            "print customers --from 0",
-                            "print estimates --to 32768",
-                            "export --plan A",
-                            "import",
-                            "prices",
-                            "prices import",
-                            "prices import F --by name",
-                            "new-folder",
-                            "delete",
-                            "delete customer 0",  // the company stays
-                            "--date 13-01-2026 export",
-                            "--date 02-29-2026 export",
-                            "--date ' 1- 2-2026' export",
-                            "--date +1-02-2026 export"}) {
-    const Outcome outcome = Call(std::string("--folder '@/folder' ") + words);
-    EXPECT_EQ(outcome.status, 2) << words;
-    EXPECT_EQ(outcome.out, "") << words;
-    EXPECT_THAT(outcome.err, AllOf(StartsWith("norvale-tool: "), HasSubstr("Usage"))) << words;
-  }
+  const auto expect = [this](const std::string& first, std::initializer_list<const char*> endings) {
+    for (const std::string ending : endings) {
+      const Outcome outcome = Call("--folder '@/folder' " + first + ending);
+      EXPECT_EQ(outcome.status, 2) << first << ending;
+      EXPECT_EQ(outcome.out, "") << first << ending;
+      EXPECT_THAT(outcome.err, AllOf(StartsWith("norvale-tool: "), HasSubstr("Usage"))) << first << ending;
+    }
+  };
+  expect("", {"", "print", "import", "export --plan A", "new-folder", "delete", "delete customer 0"});  // the company stays
+  expect("print estimate ", {"--customer 7", "--plan A", "--customer 70000 --plan A"});
+  expect(printA, {" --sections 2048", " --sections -1", " --format xml", " --plan B"});
+  expect("print summary --customer 7 --plan A ", {"--order sku"});
+  expect("print worksheet ", {"", "--plan-type 16", "--plan-type 8192", "--plan-type 4097", "--plan-type 1 --kind all"});
+  expect("print ", {"customers --from 9 --to 3", "customers --from 0", "estimates --to 32768"});
+  expect("prices ", {"", "import", "import F --by name"});
+  expect("--date ", {"13-01-2026 export", "02-29-2026 export", "' 1- 2-2026' export", "+1-02-2026 export"});
 }
 
 TEST_F(Tool, PrintsToItsOutputOrIntoAFile) {
@@ -267,6 +250,15 @@ TEST_F(Tool, PricesComeFromATableAndShowInTheNextPrint) {
   // The list from before brings the file back as it was.
   (void)Out("prices import '@/list.csv' --by sku");
   EXPECT_EQ(ReadBytes(work / "NVdata03.db"), file);
+  // Texts and prices of 0 are taken where that is said.
+  WriteBytes(scratch / "update.csv", "Description,SKU,Price 1\n" + CsvCell(ToUtf8(DeliveredPrices().Items()[0].PriceItemKey)) + ",NEW,0\n");
+  (void)Out("prices import '@/update.csv'");
+  EXPECT_EQ(ReadBytes(work / "NVdata03.db"), file);
+  (void)Out("prices import '@/update.csv' --texts");
+  const std::string renamed = Out("prices export");
+  EXPECT_THAT(renamed, HasSubstr(",NEW,"));
+  (void)Out("prices import '@/update.csv' --zero-prices");
+  EXPECT_NE(Out("prices export"), renamed);
   WriteBytes(scratch / "update.csv", "SKU,Price 1\nNONE,1\n");
   const Outcome none = Do("prices import '@/update.csv'");
   EXPECT_EQ(none.status, 1);
