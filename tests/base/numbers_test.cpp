@@ -26,53 +26,35 @@ TEST(Numbers, QuotientRoundsBothSidesAndCutsTowardZero) {
 }
 
 TEST(Numbers, ValReadsTheLeadingNumber) {
-  struct Row {
-    const char* text;
-    double value;
+  const auto expect = [](double value, std::initializer_list<const char*> texts) {
+    for (const char* text : texts) EXPECT_EQ(Val(text), value) << text;
   };
-  for (const Row& row : {Row{"12.50", 12.5},
-                         {"   12", 12},
-                         {"12 6", 12},
-                         {"12-6", 12},
-                         {"-5%", -5},
-                         {"+.5x", 0.5},
-                         {"1.2.3", 1.2},
-                         {"1,234.50", 1},
-                         {"2E2", 200},
-                         {"2E", 2},
-                         {"2e-x", 2},
-                         {"abc", 0},
-                         {"", 0},
-                         {"-", 0},
-                         {".", 0},
-                         {"$5", 0},
-                         {"\t5", 0}})
-    EXPECT_EQ(Val(row.text), row.value) << row.text;
+  expect(12.5, {"12.50", "12.5.3", "  12.5 6"});
+  expect(12, {"12-6", "12,345.50"});
+  expect(-5, {"-5%"});
+  expect(0.5, {"+.5x"});
+  expect(200, {"2E2"});
+  expect(2, {"2E", "2e-x"});
+  expect(0, {"abc", "", "-", ".", "$5", "\t5"});
   EXPECT_GT(Val("1e999"), 1e300);
 }
 
 TEST(Numbers, MoneyRoundsItsDecimalFormHalfAwayFromZero) {
-  struct Row {
-    double value;
-    const char* text;
+  const auto expect = [](const char* text, std::initializer_list<double> values) {
+    for (const double value : values) EXPECT_EQ(FormatNumber(value, kMoney), text) << value;
   };
-  for (const Row& row : {Row{0, "0.00"},
-                         {-0.0, "0.00"},
-                         {0.005, "0.01"},
-                         {0.004999, "0.00"},
-                         {1.005, "1.01"},
-                         {2.675, "2.68"},
-                         {2.675F, "2.67"},
-                         {-1.005, "-1.01"},
-                         {-0.001, "0.00"},
-                         {999.995, "1,000.00"},
-                         {1234567.891, "1,234,567.89"},
-                         {12.35F, "12.35"},
-                         {99999.995, "100,000.00"},
-                         {123456789012.5, "123,456,789,012.50"},
-                         {1e15, "1,000,000,000,000,000.00"},
-                         {1e-20, "0.00"}})
-    EXPECT_EQ(FormatNumber(row.value, kMoney), row.text) << row.value;
+  expect("0.00", {0, -0.0, 0.004999, -0.001, 1e-20});
+  expect("0.01", {0.005});
+  expect("1.01", {1.005});
+  expect("-1.01", {-1.005});
+  expect("2.68", {2.675});
+  expect("2.67", {2.675F});
+  expect("12.35", {12.35F});
+  expect("1,000.00", {999.995});
+  expect("100,000.00", {99999.995});
+  expect("1,234,567.89", {1234567.891});
+  expect("123,456,789,012.50", {123456789012.5});
+  expect("1,000,000,000,000,000.00", {1e15});
   EXPECT_EQ(FormatNumber(0, {.wholeDigits = 2}), "00");
   EXPECT_EQ(FormatNumber(-5, {.wholeDigits = 2}), "-05");
   EXPECT_EQ(FormatNumber(48, {.wholeDigits = 2}), "48");

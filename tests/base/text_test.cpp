@@ -8,9 +8,7 @@ namespace {
 TEST(Text, EveryByteHasACharacterOfItsOwn) {
   for (int byte = 0; byte < 256; ++byte) {
     const std::string text(1, static_cast<char>(byte));
-    const std::string utf8 = ToUtf8(text);
-    EXPECT_EQ(FromUtf8(utf8), text) << byte;
-    for (int other = 0; other < byte; ++other) EXPECT_NE(ToUtf8(std::string(1, static_cast<char>(other))), utf8) << byte << " " << other;
+    EXPECT_EQ(FromUtf8(ToUtf8(text)), text) << byte;
   }
   EXPECT_EQ(ToUtf8("caf\xE9 \x80 5"), "caf\u00E9 \u20AC 5");
 }
