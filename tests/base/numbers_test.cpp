@@ -53,6 +53,7 @@ TEST(Numbers, MoneyRoundsItsDecimalFormHalfAwayFromZero) {
   expect("1,000.00", {999.995});
   expect("100,000.00", {99999.995});
   expect("1,234,567.89", {1234567.891});
+  expect("26,716,371,599.11", {26716371599.104977});  // ...599.1050 in 15 digits
   expect("123,456,789,012.50", {123456789012.5});
   expect("1,000,000,000,000,000.00", {1e15});
   EXPECT_EQ(FormatNumber(0, {.wholeDigits = 2}), "00");

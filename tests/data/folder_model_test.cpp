@@ -148,6 +148,7 @@ class FolderModelTest : public testing::Test {
   void SaveUnderAnotherNumber() {
     CustomerRecord& customer = session_.CurrentCustomer;
     const std::int16_t old = customer.CustomerRecordNumber;
+    const bool isNew = session_.customerIsNew;
     const std::size_t at = CustomerAtCursor();
     customer.CustomerName.Assign("Oak Builders " + std::to_string(++marks_));
     if (Random(0, 1) == 0) customer.CustomerRecordNumber = static_cast<std::int16_t>(Random(0, 2) == 0 ? Random(0, 32767) : Random(1, 14));
@@ -161,7 +162,7 @@ class FolderModelTest : public testing::Test {
       ASSERT_EQ(SaveCustomer(folder_, session_), SaveCustomerResult::Saved);
     }
     EXPECT_EQ(CustomerAtCursor(), customers_.Update(at, customer));
-    if (customer.CustomerRecordNumber != old) MovePlans(old, number);
+    if (customer.CustomerRecordNumber != old && !isNew) MovePlans(old, number);
   }
 
   void RemoveCustomer() {
@@ -333,6 +334,27 @@ TEST_F(FolderSearch, ACustomersNumberIsHisAloneAndWithinItsLimits) {
   }
   ASSERT_EQ(AddBlankCustomer(folder, session), AddCustomer::Added);
   EXPECT_EQ(session.CurrentCustomer.CustomerRecordNumber, 1);  // the lowest that nobody has
+}
+
+TEST_F(FolderSearch, OfTwoCustomersWithOneNumberTheFirstHasThePlans) {
+  std::string index = disk->Bytes(CustomerIndexFile);
+  index.replace(12, 2, index.substr(6, 2));  // the numbers are 0, 3, 3, 7 and 12 now
+  disk->SetBytes(CustomerIndexFile, index);
+  const std::unique_ptr<MemoryDisk> damaged = disk->Copy();
+  for (const auto& [entry, isDeleted, owner] : {std::tuple{1, false, 50}, {2, false, 3}, {1, true, 0}, {2, true, 3}}) {
+    const std::unique_ptr<MemoryDisk> copy = damaged->Copy();
+    DataFolder changed("", *copy);
+    session.CustomerCursor = 1 + 6 * entry;
+    ASSERT_TRUE(ReadCustomerAtCursor(changed, session));
+    session.CurrentCustomer.CustomerRecordNumber = 50;
+    if (isDeleted) {
+      ASSERT_EQ(DeleteCustomer(changed, session), DeleteCustomerResult::Deleted);
+    } else {
+      ASSERT_EQ(SaveCustomer(changed, session), SaveCustomerResult::Saved);
+    }
+    const auto plans = ReadEstimatesOfCustomer("", owner, *copy);
+    EXPECT_TRUE(std::any_of(plans.begin(), plans.end(), [](const auto& plan) { return plan.RoofSqFt == 2; })) << entry << isDeleted;
+  }
 }
 
 TEST_F(FolderSearch, PlansAreSteppedThroughAndFoundByCustomerOrNumber) {

@@ -12,6 +12,7 @@
 #include "data/batch_store.h"
 #include "data/folder_reader.h"
 #include "prices/delivered.h"
+#include "prices/waste_factors.h"
 #include "support/random_records.h"
 #include "support/scratch_folder.h"
 
@@ -94,6 +95,10 @@ TEST_F(Tool, FailuresAreOneLineAndChangeNothing) {
       {planNowhere, "export", "estimate.ix: "},
       {customerNowhere, printA, "customer.ix: "},
       {"rm estimate.dbr", printA, "estimate.dbr: "},
+      {"rm estimate.ix", "export", "estimate.ix: does not name every record"},
+      {"truncate -s 24 estimate.ix", "print estimate --customer 7 --plan B", "estimate.ix: does not name every record"},
+      {"rm customer.ix", "print customers", "customer.ix: does not name every record"},
+      {"rm -r ../folder", "export", "/folder: there is no such folder"},
       {":", "print estimate --customer 7 --plan N", "plan \"N\" of customer 7: not on file"},
       {":", "print estimate --customer 7 --plan A234567890123456", "of customer 7: not on file"},
       {":", "print estimate --customer 7 --plan \xE4\xB8\xAD", "--plan: "},
@@ -265,6 +270,17 @@ TEST_F(Tool, PricesComeFromATableAndShowInTheNextPrint) {
   EXPECT_THAT(none.err, HasSubstr("update.csv: no row names an item of the price list\n"));
 }
 
+TEST_F(Tool, AnImportLeavesTheWasteFactorsThatItDoesNotName) {
+  WriteBytes(scratch / "waste.json", R"({"wasteFactors": {"12": 3}})");
+  EXPECT_EQ(Out("import '@/waste.json'"), "");
+  WriteBytes(scratch / "waste.json", R"({"wasteFactors": {"45": 7}})");
+  EXPECT_EQ(Out("import '@/waste.json'"), "");
+  WasteFactors expected = DesignTimeWasteFactors();
+  expected.percent[12] = 3;
+  expected.percent[45] = 7;
+  EXPECT_EQ(LoadWasteFactors(work), expected);
+}
+
 TEST_F(Tool, DeleteTakesTheFirstOfSeveralPlansAndLeavesPlansToTheCompany) {
   EXPECT_EQ(Out("delete plan --customer 7 --plan A"), "");
   const auto left = ReadEstimatesOfCustomer(work, 7);
@@ -286,8 +302,27 @@ TEST_F(Tool, CheckTellsAndRepairMends) {
   EXPECT_EQ(ReadBytes(work / "estimate.rest"), "xyz");
   EXPECT_EQ(Out("check"), "no faults\n");
 
-  WriteBytes(work / "NVdata04.dat", std::string(192, ' '));
-  EXPECT_EQ(Do("check --repair").status, 1);  // no repair for the other files, and no silence
+  const std::string lines = ReadBytes(work / "NVdata01.idx");
+  const struct {
+    const char* name;
+    std::string bytes;
+    std::string fault;
+  } others[] = {
+      {"NVdata04.dat", std::string(192, ' '), "NVdata04.dat: "},
+      {"NVdata01.idx", lines + "junk", "the last 4 bytes, from position 8555, are no whole row"},
+      {"NVdata01.idx", lines.substr(91), "NVdata01.idx: incomplete; no plan can be opened"},
+      {"NVdata02.idx", ReadBytes(work / "NVdata02.idx").substr(0, 2800), "NVdata02.idx: incomplete; no plan can be opened"},
+      {"norvale.draft", "xx", "norvale.draft: cannot be read"},
+  };
+  for (const auto& [name, bytes, found] : others) {
+    SCOPED_TRACE(found);
+    const std::string before = ReadBytes(work / name);
+    WriteBytes(work / name, bytes);
+    const Outcome other = Do("check --repair");  // no repair for these, and no silence
+    EXPECT_EQ(other.status, 1);
+    EXPECT_THAT(other.out, HasSubstr(found));
+    WriteBytes(work / name, before);
+  }
 }
 
 TEST_F(Tool, BackupsAreMadeListedAndBroughtBack) {
