@@ -220,7 +220,7 @@ class FolderModelTest : public testing::Test {
 };
 
 TEST_F(FolderModelTest, ThousandsOfRandomOperationsAgreeWithTheModel) {
-  for (int step = 0; step < 6000 && !HasFatalFailure(); ++step) {
+  for (int step = 0; step < 3000 && !HasFatalFailure(); ++step) {
     SCOPED_TRACE(step);
     // Now and then the folder runs empty, and fills up again.
     const bool fills = step / 500 % 2 == 0;
