@@ -13,6 +13,9 @@
 #include <QTest>
 #include <QTimer>
 #include <string>
+#include <vector>
+
+#include "support/asked_messages.h"
 
 namespace norvale {
 
@@ -42,18 +45,29 @@ inline void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
   QApplication::processEvents();
 }
 
-inline void Keys(const char* text) {
-  for (const char* at = text; *at != '\0'; ++at) {
-    if (QApplication::focusWidget() == nullptr) throw std::logic_error("nothing has the focus");
-    QTest::keyClick(QApplication::focusWidget(), *at);
-  }
-  QApplication::processEvents();
-}
-
 /// A letter that the test library has no key for.
 inline void Letter(const QString& letter) {
   QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, letter);
   QApplication::sendEvent(QApplication::focusWidget(), &press);
+  QApplication::processEvents();
+}
+
+/// Types a text. "<Return>", "<Alt+N>" and the like in it are keys.
+inline void Keys(const char* text) {
+  const QString keys = QString::fromUtf8(text);
+  for (qsizetype at = 0; at < keys.size(); ++at) {
+    const qsizetype end = keys[at] == QLatin1Char('<') ? keys.indexOf(QLatin1Char('>'), at) : -1;
+    if (end > at) {
+      const QKeyCombination key = QKeySequence::fromString(keys.mid(at + 1, end - at - 1))[0];
+      Key(key.key(), key.keyboardModifiers());
+      at = end;
+    } else if (keys[at].unicode() > '~') {
+      Letter(keys[at]);
+    } else {
+      if (QApplication::focusWidget() == nullptr) throw std::logic_error("nothing has the focus");
+      QTest::keyClick(QApplication::focusWidget(), keys[at].toLatin1());
+    }
+  }
   QApplication::processEvents();
 }
 
@@ -81,7 +95,8 @@ inline void SlowClick(QWidget& form, const char* button) {
   QApplication::processEvents();
 }
 
-inline std::string Text(QWidget& form, const char* box) { return Find<QLineEdit>(form, box)->text().toStdString(); }
+/// What a box, a label or a button shows.
+inline std::string Text(QWidget& form, const char* control) { return Find(form, control)->property("text").toString().toStdString(); }
 
 /// The name of the control that has the focus.
 inline std::string Focus() {
@@ -126,6 +141,36 @@ void DriveModal(Open open, Drive drive) {
   for (QWidget* const window : QApplication::topLevelWidgets())
     if (below == nullptr && window->isVisible()) below = window;
   if (below != nullptr) ShowActive(*below);
+}
+
+/// The keys of a step that closes the window by its frame.
+inline constexpr const char* kCloseWindow = "<close>";
+
+/// What the operator does, what he sees then, and the message that comes in between.
+struct Step {
+  const char* keys;
+  std::string seen;
+  std::string message = {};
+  Answer answer = Answer::Ok;
+};
+
+/// Takes the steps; `see` tells what the form shows.
+template <typename See>
+void TakeSteps(const std::vector<Step>& steps, AskedMessages& asked, See see) {
+  for (const Step& step : steps) {
+    if (!step.message.empty()) asked.Expect(step.message, step.answer);
+    if (step.keys == kCloseWindow)
+      QApplication::activeWindow()->close();
+    else
+      Keys(step.keys);
+    // What follows from an event may come behind it.
+    const bool isSeen = QTest::qWaitFor([&] { return see() == step.seen; }, kLongestWait);
+    asked.ExpectAllAsked();
+    if (!isSeen) {
+      ADD_FAILURE() << step.keys << "\nshows: " << see() << "\n  not: " << step.seen;
+      return;
+    }
+  }
 }
 
 }  // namespace norvale

@@ -21,6 +21,12 @@ class FormScript {
     return *this;
   }
 
+  /// The next modal form, a `Form`, is driven by one key.
+  template <typename Form>
+  FormScript& Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    return Then<Form>([key, modifiers](Form&) { Key(key, modifiers); });
+  }
+
   /// Runs `open` and the steps, and fails where one of them never has its turn.
   template <typename Open>
   void Run(Open open) {
