@@ -15,8 +15,6 @@ namespace {
 using enum PlanCheck;
 
 constexpr int kBlankKey = 32;
-constexpr int kBackspace = 8;
-constexpr int kDelete = 127;
 
 // clang-format off
 constexpr std::array<PlanCheckInfo, kPlanChecks> kInfo = {{
@@ -78,7 +76,7 @@ void Exclude(PlanChecks& checks, PlanCheck box) {
   }
 }
 
-bool IsDigitKey(int key) { return key >= '0' && key <= '9'; }
+bool IsDigit(int character) { return character >= '0' && character <= '9'; }
 
 // A text that the record's field can hold, whole.
 template <std::size_t Width>
@@ -126,19 +124,9 @@ PlanChecks ChecksOf(std::int16_t planType) {
   return checks;
 }
 
-bool TakesKey(ChecklistBox box, int key, std::size_t length) {
-  constexpr std::size_t kCustomerDigits = 5;
-  const bool edits = key == kBackspace || key == kDelete;
-  switch (box) {
-    case ChecklistBox::txtcustnum:
-      return edits || (IsDigitKey(key) && length < kCustomerDigits);
-    case ChecklistBox::txtdate:
-      return edits || ((IsDigitKey(key) || key == '-') && length < decltype(EstimateRecord::PlanDate)::kWidth);
-    case ChecklistBox::txtPlanNbr:
-      return edits || key < kBlankKey || length < decltype(EstimateRecord::PlanNumber)::kWidth;
-    case ChecklistBox::txtCustName:
-      break;
-  }
+bool TakesCharacter(ChecklistBox box, int character) {
+  if (box == ChecklistBox::txtcustnum) return IsDigit(character);
+  if (box == ChecklistBox::txtdate) return IsDigit(character) || character == '-';
   return true;
 }
 

@@ -70,9 +70,8 @@ PlanChecks ChecksOf(std::int16_t planType);
 
 enum class ChecklistBox { txtcustnum, txtCustName, txtPlanNbr, txtdate };
 
-/// Whether a field takes a key while `length` characters, without those selected, stand in it. Keys that add nothing, such
-/// as backspace, are never refused for want of room.
-bool TakesKey(ChecklistBox box, int key, std::size_t length);
+/// Whether a field takes a character: the customer number digits, the date digits and "-", the others any.
+bool TakesCharacter(ChecklistBox box, int character);
 
 /// The pricing level of a plan, 1 to 5. What is no level counts as 1.
 int PriceLevelOf(const EstimateRecord& plan);

@@ -66,7 +66,7 @@ class FieldKeys : public QValidator {
   FieldKeys(ChecklistBox box, QObject* parent) : QValidator(parent), box_(box) {}
 
   State validate(QString& text, int& /*at*/) const override {
-    const auto isTaken = [this](QChar letter) { return TakesKey(box_, letter.unicode(), 0); };
+    const auto isTaken = [this](QChar letter) { return TakesCharacter(box_, letter.unicode()); };
     return std::all_of(text.cbegin(), text.cend(), isTaken) ? Acceptable : Invalid;
   }
 
