@@ -519,7 +519,9 @@ void frmDisplay::FocusFault(bool isJoistBox, int box) {
   }
   ShowForm();
   NumberEdit* const edit = isJoistBox ? TxtDispJoist_[static_cast<std::size_t>(box)] : TxtDisp_[static_cast<std::size_t>(box)];
-  if (edit != nullptr) edit->setFocus(Qt::OtherFocusReason);
+  if (edit == nullptr) return;
+  edit->setFocus(Qt::OtherFocusReason);
+  edit->selectAll();  // it may have had the focus all along
 }
 
 void frmDisplay::Tell(const std::string& message) { program_.messages.ShowMessage(WithTitle(message)); }

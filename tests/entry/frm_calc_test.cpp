@@ -15,8 +15,6 @@
 namespace norvale {
 namespace {
 
-constexpr const char* kZero = "0 Can't divide by zero|Norvale Help Notice";
-
 class frmCalcTest : public DesktopTest {
  protected:
   frmCalcTest() {
@@ -27,11 +25,12 @@ class frmCalcTest : public DesktopTest {
   // ALT+F2 where the focus is.
   template <typename Drive>
   void Open(Drive drive) {
-    DriveModal<frmCalc>([] { Key(Qt::Key_F2, Qt::AltModifier); }, drive);
+    DriveModal<frmCalc>([] { Keys("<Alt+F2>"); }, drive);
   }
-
-  static std::string Readout(QWidget& form) { return Find<QLabel>(form, "lblReadout")->text().toStdString(); }
-  static void CarryBack() { Key(Qt::Key_Insert, Qt::ShiftModifier); }
+  // Reckons and carries the result back.
+  void Carry(const char* sum) {
+    Open([sum](frmCalc&) { Keys(sum), Keys("<Shift+Ins>"); });
+  }
 
   CalculatorPlace place;
   FormKeys keys;
@@ -39,52 +38,41 @@ class frmCalcTest : public DesktopTest {
 
 TEST_F(frmCalcTest, KeysAndButtonsReckonAlike) {
   QLineEdit box;
+  box.move(20, 20);
   ShowActive(box);
-  Open([this](frmCalc& form) {
+  QSize size;
+  Open([&](frmCalc& form) {
+    EXPECT_FALSE(form.frameGeometry().intersects(box.geometry())) << "the box stays in sight";
+    form.move(300, 200);
+    size = form.size();
     EXPECT_EQ(Focus(), "pctKeyTrap");
-    Keys("12.5*4=");
-    EXPECT_EQ(Readout(form), "50");
-    Keys("1q2 +x3");
-    Key(Qt::Key_Return);
-    EXPECT_EQ(Readout(form), "15");
-    Key(Qt::Key_Return);
-    EXPECT_EQ(Readout(form), "15") << "\"=\" once more does nothing";
-    Keys("7");
-    Key(Qt::Key_Backspace);
-    EXPECT_EQ(Readout(form), "0");
-    Key(Qt::Key_Delete);
+    const auto readout = [&form] { return Text(form, "lblReadout"); };
+    TakeSteps({{"1q2 +x3<Return>", "15"}, {"7<Backspace>", "0"}, {"<Del>", "0"}}, asked, readout);
     const char* const chain[] = {"cmdNumbr_2", "cmdNumbr_0",   "cmdNumbr_0",     "cmdOperate_1", "cmdNumbr_1",
                                  "cmdNumbr_0", "cmdPercent",   "cmdOperate_4",   "cmdOperate_3", "cmdNumbr_8",
                                  "cmdDecimal", "cmdNumbr_5",   "cmdCancelEntry", "cmdNumbr_9",   "cmdOperate_2",
                                  "cmdNumbr_6", "cmdOperate_0", "cmdNumbr_3",     "cmdOperate_4"};
     for (const char* const button : chain) Click(form, button);
-    EXPECT_EQ(Readout(form), "123") << "(200 - 10%) / 9 * 6 + 3";
+    EXPECT_EQ(readout(), "123") << "(200 - 10%) / 9 * 6 + 3";
     EXPECT_EQ(Focus(), "pctKeyTrap") << "Enter is \"=\" whatever was clicked";
     Click(form, "cmdCANCEL");
-    EXPECT_EQ(Readout(form), "0");
-    asked.Expect(kZero);
-    Keys("5/0=");
-    asked.ExpectAllAsked();
-    Keys("6/4=");
-    EXPECT_EQ(Readout(form), "1.5");
-    Key(Qt::Key_F2, Qt::AltModifier);  // it is open already
+    TakeSteps({{"", "0"}, {"5/0=", "0", "0 Can't divide by zero|Norvale Help Notice"}}, asked, readout);
+    Keys("<Alt+F2>");  // it is open already
     Click(form, "cmdleave");
   });
   EXPECT_EQ(box.text(), "");
-}
-
-TEST_F(frmCalcTest, WritesTheDecimalSignOfTheLocaleAndCarriesAPoint) {
+  EXPECT_EQ(QApplication::focusWidget(), &box);
   QLocale::setDefault(QLocale(QLocale::German));
-  QLineEdit box;
-  ShowActive(box);
-  for (const char* const sum : {"1,5+1,25=", "1.5+1.25="})
-    Open([&](frmCalc& form) {
-      EXPECT_EQ(Find<QPushButton>(form, "cmdDecimal")->text(), ",");
-      Keys(sum);
-      EXPECT_EQ(Readout(form), "2,75");
-      CarryBack();
-    });
-  EXPECT_EQ(box.text(), "2.75") << "and not twice";
+  Open([&](frmCalc& form) {
+    EXPECT_EQ(QRect(form.pos(), form.size()), QRect(QPoint(300, 200), size)) << "where it stood";
+    EXPECT_EQ(Text(form, "cmdDecimal"), ",");
+    Keys("1,5+1,25=");
+    EXPECT_EQ(Text(form, "lblReadout"), "2,75");
+    Click(form, "cmdInsert");
+  });
+  EXPECT_EQ(box.text(), "2.75");
+  Carry("3");
+  EXPECT_EQ(box.text(), "3") << "in place of what stands there";
 }
 
 // Into a length box and into a number box, which see an entry.
@@ -93,54 +81,37 @@ TEST_F(frmCalcTest, CarriesItsResultIntoTheBoxAtHand) {
   PlanForm dataEntry = NewForm(kOneStoryCrawl);
   plan.RoofPlanes[0] = {.SectionType = 1, .SectionLength = 120, .RafterRun = 12};
   frmROOF roof(program, plan, dataEntry);
-  DriveModal<frmROOF>([&] { roof.exec(); },
-                      [&](frmROOF& form) {
-                        Find(form, "txtRafterRun")->setFocus();
-                        Open([](frmCalc&) {
-                          Keys("25/2=");
-                          Key(Qt::Key_Escape);
-                        });
-                        EXPECT_EQ(Text(form, "txtRafterRun"), "1.") << "Esc carries nothing";
-                        Open([](frmCalc& calculator) {
-                          Keys("25/2=");
-                          Click(calculator, "cmdInsert");
-                        });
-                        EXPECT_EQ(Focus(), "txtRafterRun");
-                        EXPECT_EQ(Text(form, "txtRafterRun"), "12.5");
-                        EXPECT_EQ(Find<QLabel>(form, "lblsqft")->text(), "129 SF of 129 SF") << "as if it had been typed";
-                        Click(form, "cmdDONE");
-                        Find(form, "txtTWOxSIX_0")->setFocus();
-                        Open([](frmCalc&) {
-                          Keys("100/3=");
-                          CarryBack();
-                        });
-                        EXPECT_EQ(Text(form, "txtTWOxSIX_0"), "33.333333333") << "as many decimals as the box has room for";
-                        Key(Qt::Key_Return);
-                        EXPECT_EQ(Text(form, "txtTWOxSIX_0"), "34");
-                        asked.Expect("2 Transfer Square Footage of Roof Area to Data Entry Screen?|UPDATE ROOF AREA?", Answer::No);
-                        Click(form, "cmdJOIST");
-                      });
+  const auto drive = [this](frmROOF& form) {
+    Find(form, "txtRafterRun")->setFocus();
+    Open([](frmCalc&) { Keys("25/2=<Esc>"); });
+    EXPECT_EQ(Text(form, "txtRafterRun"), "1.") << "Esc carries nothing";
+    Carry("25/2=");
+    EXPECT_EQ(Focus() + Text(form, "txtRafterRun"), "txtRafterRun12.5");
+    EXPECT_EQ(Text(form, "lblsqft"), "129 SF of 129 SF") << "as if it had been typed";
+    Click(form, "cmdDONE");
+    Carry("100/3=");
+    EXPECT_EQ(Text(form, "txtTWOxSIX_0"), "33.333333333") << "as many decimals as the box has room for";
+    Keys("<Return>");
+    EXPECT_EQ(Text(form, "txtTWOxSIX_0"), "34");
+    asked.Expect(std::string(kTransferAreaQuestion), Answer::No);
+    Click(form, "cmdJOIST");
+  };
+  DriveModal<frmROOF>([&] { roof.exec(); }, drive);
   EXPECT_EQ(plan.RoofPlanes[0].RafterRun, 150);
-  EXPECT_EQ(plan.CeilingJoistLft2X6[0], 34);
 }
 
 // The cell's own box closes when another form takes the focus.
 TEST_F(frmCalcTest, CarriesItsResultIntoTheCellOfATable) {
   QTableWidget table(2, 1);
-  table.setItem(0, 0, new QTableWidgetItem(QStringLiteral("5")));
-  table.setCurrentCell(0, 0);
   ShowActive(table);
   for (const bool isEditing : {false, true}) {
-    if (isEditing) Keys("7");
-    Open([](frmCalc&) {
-      Keys("25/2=");
-      CarryBack();
-    });
-    ASSERT_NE(qobject_cast<QLineEdit*>(QApplication::focusWidget()), nullptr) << isEditing;
-    Key(Qt::Key_Tab);
-    EXPECT_EQ(table.item(0, 0)->text(), "12.5");
-    table.item(0, 0)->setText(QStringLiteral("5"));
+    table.setItem(0, 0, new QTableWidgetItem(QStringLiteral("5")));
     table.setCurrentCell(0, 0);
+    if (isEditing) Keys("7");
+    Carry("25/2=");
+    ASSERT_NE(qobject_cast<QLineEdit*>(QApplication::focusWidget()), nullptr) << isEditing;
+    Keys("<Tab>");
+    EXPECT_EQ(table.item(0, 0)->text(), "12.5");
   }
 }
 
@@ -148,50 +119,25 @@ TEST_F(frmCalcTest, TellsWhereNoBoxTakesTheNumber) {
   const auto refuses = [this](const char* sum, const std::string& message) {
     Open([&](frmCalc& form) {
       Keys(sum);
-      asked.Expect(message);
-      CarryBack();
+      asked.Expect("0 " + message + "|Norvale Help Notice");
+      Click(form, "cmdInsert");
       asked.ExpectAllAsked();
       EXPECT_TRUE(form.isVisible());
-      Key(Qt::Key_Escape);
+      Keys("<Esc>");
     });
   };
-  const char* const noBox = "0 There is no box to take the number. Go to a box, then open the calculator with ALT+F2.|Norvale Help Notice";
-  {
-    QPushButton button;
-    ShowActive(button);
-    refuses("1", noBox);
-  }
   QLineEdit box(QStringLiteral("7"));
   box.setReadOnly(true);
   ShowActive(box);
-  refuses("1", noBox);
+  refuses("1", "There is no box to take the number. Go to a box, then open the calculator with ALT+F2.");
   box.setReadOnly(false);
   box.setMaxLength(4);
-  refuses("12345", "0 The box cannot take the number 12345.|Norvale Help Notice");
-  refuses("100/3=", "0 The box cannot take the number 33.3333333333333.|Norvale Help Notice");
+  refuses("12345", "The box cannot take the number 12345.");
+  refuses("100/3=", "The box cannot take the number 33.3333333333333.");
   const QRegularExpressionValidator digits(QRegularExpression(QStringLiteral("[0-9]*")));
   box.setValidator(&digits);
-  refuses("3/2=", "0 The box cannot take the number 1.5.|Norvale Help Notice");
+  refuses("3/2=", "The box cannot take the number 1.5.");
   EXPECT_EQ(box.text(), "7");
-}
-
-TEST_F(frmCalcTest, OpensWhereItStoodBeside) {
-  QLineEdit box;
-  box.move(20, 20);
-  ShowActive(box);
-  QSize size;
-  Open([&](frmCalc& form) {
-    size = form.size();
-    EXPECT_FALSE(form.frameGeometry().intersects(box.geometry())) << "the box stays in sight";
-    form.move(300, 200);
-    Key(Qt::Key_Escape);
-  });
-  Open([&](frmCalc& form) {
-    EXPECT_EQ(form.pos(), QPoint(300, 200));
-    EXPECT_EQ(form.size(), size);
-    Key(Qt::Key_Escape);
-  });
-  EXPECT_EQ(QApplication::focusWidget(), &box);
 }
 
 }  // namespace

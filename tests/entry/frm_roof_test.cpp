@@ -1,18 +1,14 @@
 #include "entry/frm_roof.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QRadioButton>
 #include <QTreeWidget>
 #include <functional>
 
-#include "data/estimate_file.h"
 #include "desktop/desktop_fixture.h"
 #include "desktop/form_driver.h"
 #include "entry/entry_form.h"
-#include "prices/exchange.h"
-#include "takeoff/print_estimate.h"
 
 namespace norvale {
 namespace {
@@ -20,11 +16,7 @@ namespace {
 constexpr const char* kForms = "0 Type a length as 12-6 (feet and inches), 12.5 (feet) or 12 (feet)!|Norvale Help Notice";
 constexpr const char* kNoRun = "0 Missing Lft of Rafter Run|Norvale Help Notice";
 constexpr const char* kRemove = "2 Delete this roof section|Norvale Help Notice";
-constexpr const char* kTransfer = "2 Transfer Square Footage of Roof Area to Data Entry Screen?|UPDATE ROOF AREA?";
 constexpr const char* kDiscard = "2 Leave the roof as it was before? What was changed here is not kept.|Norvale Help Notice";
-constexpr int kRoofArea = 47;
-
-ExchangeTables Imported(const char* file) { return ImportTables(ReadWholeFile(std::string(NORVALE_SOURCE_DIR "/samples/") + file)); }
 
 // A plan with that many gable sections of 1 ft, 2 ft, 3 ft, ... on a run of 12 ft.
 EstimateRecord PlanWith(int sections) {
@@ -35,43 +27,21 @@ EstimateRecord PlanWith(int sections) {
   return plan;
 }
 
-std::vector<int> LengthsOf(const EstimateRecord& plan) {
-  std::vector<int> feet;
-  for (const RoofPlane& section : plan.RoofPlanes)
-    if (section.SectionType != 0) feet.push_back(section.SectionLength / 12);
-  return feet;
-}
-
-std::string RoofSystemOf(const EstimateRecord& plan) {
-  const TakeoffData data{.waste = Imported("waste-factors.json").WasteOver(DesignTimeWasteFactors()),
-                         .lists = DeliveredMaterialRows(),
-                         .prices = PriceList(*Imported("prices.json").prices)};
-  EstimatePrint print;
-  print.plan = plan;
-  print.sectionMask = kRoofSystem | kWithPrices;
-  Page page;
-  (void)PrintEstimate(print, data, page);
-  return page.Text();
-}
-
 class frmROOFTest : public DesktopTest {
  protected:
   template <typename Drive>
   void Run(EstimateRecord& plan, Drive drive) {
     frmROOF form(program, plan, dataEntry);
     DriveModal<frmROOF>([&] { form.exec(); }, drive);
+    asked.ExpectAllAsked();
   }
 
-  static std::string Label(QWidget& form, const char* name) { return Find<QLabel>(form, name)->text().toStdString(); }
-  static std::string Sections(QWidget& form) { return Label(form, "lblsection") + ", " + Label(form, "lblsqft"); }
-  static void ChooseRow(int row) {
-    Key(Qt::Key_Home);
-    for (int i = 0; i < row; ++i) Key(Qt::Key_Down);
-  }
-  void DoneWithJoists(frmROOF& form, Answer transfer) {
-    Click(form, "cmdDONE");
-    asked.Expect(kTransfer, transfer);
-    Click(form, "cmdJOIST");
+  // The section at hand, the focus, and what stands in a box.
+  void Take(frmROOF& form, const std::vector<Step>& steps) {
+    TakeSteps(steps, asked, [&form] {
+      const auto* const box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+      return Text(form, "lblsection") + ", " + Focus() + (box != nullptr ? " " + box->text().toStdString() : "");
+    });
   }
   void Discard(frmROOF& form) {
     asked.Expect(kDiscard, Answer::Yes);
@@ -81,138 +51,38 @@ class frmROOFTest : public DesktopTest {
   PlanForm dataEntry = NewForm(kOneStoryCrawl);
 };
 
-TEST_F(frmROOFTest, ARoofTypedByHandIsTheSampleAndPrintsLikeIt) {
-  const EstimateRecord sample = Imported("plan-crawl-stick-roof.json").plans.front();
-  EstimateRecord empty = sample;
-  empty.RoofPlanes = {};
-  empty.CeilingJoistLft2X6 = empty.CeilingJoistLft2X8 = {};
-  StoreAll(folder, {}, std::vector{empty});
-  ASSERT_TRUE(FindEstimateOfPlan(folder, session, sample.CustomerNumber, sample.PlanNumber.Trimmed()));
-  EstimateRecord& plan = session.CurrentEstimate;
-  dataEntry = OpenedForm(plan);
-
-  // Every section with the keys alone, from ADD to ADD.
-  Run(plan, [&](frmROOF& form) {
-    EXPECT_EQ(Sections(form), "0 of 0, 0 Sf of 0 Sf");
-    for (std::size_t i = 0; i < 5; ++i) {
-      const RoofPlane& section = sample.RoofPlanes[i];
-      EXPECT_EQ(Focus(), "cmdADD");
-      Key(Qt::Key_Return);
-      EXPECT_EQ(Focus(), "txtSection");
-      Key(Qt::Key_Backtab);
-      if (i > 0) Key(Qt::Key_Down);  // the types of the sample follow each other
-      EXPECT_EQ(Focus(), "optRoof_" + std::to_string(section.SectionType));
-      Find(form, "txtSection")->setFocus();
-      for (const int inches : {section.SectionLength, section.RafterRun, section.LoadWallRun}) {
-        if (inches != 0) Keys((std::to_string(inches / 12) + "-" + std::to_string(inches % 12)).c_str());
-        Key(Qt::Key_Return);
-      }
-      for (const int row : {section.RafterIndex, section.PitchIndex, section.FramingType}) {
-        ChooseRow(row);
-        Key(Qt::Key_Return);
-      }
-    }
-    EXPECT_EQ(Sections(form), "5 of 5, 198 SF of 2989 SF");
-    Key(Qt::Key_D, Qt::AltModifier);
-    EXPECT_EQ(Focus(), "txtTWOxSIX_0");
-    for (const auto* row : {&sample.CeilingJoistLft2X6, &sample.CeilingJoistLft2X8})
-      for (const int feet : *row) {
-        if (feet != 0) Keys(std::to_string(feet).c_str());
-        Key(Qt::Key_Return);
-      }
-    EXPECT_EQ(Focus(), "cmdJOIST");
-    asked.Expect(kTransfer, Answer::No);
-    Key(Qt::Key_Return);
-  });
-  EXPECT_EQ(plan.RoofPlanes, sample.RoofPlanes);
-
-  // Saved, and read from the disk again; left with DONE once more, not a byte changes.
-  const auto save = [&] {
-    StorePlanFromForm(dataEntry, plan);
-    EXPECT_EQ(UpdateEstimate(folder, session), EstimateChange::Done);
-  };
-  save();
-  EXPECT_EQ(ReadAllEstimates(scratch.Path()), std::vector{sample});
-  EXPECT_EQ(RoofSystemOf(plan), RoofSystemOf(sample));
-  EXPECT_THAT(RoofSystemOf(plan), testing::HasSubstr("(Hip/Valley Rafter)"));
-  const std::vector<std::string> before = BytesOnDisk();
-  Run(plan, [&](frmROOF& form) {
-    EXPECT_EQ(Sections(form), "1 of 5, 1013 SF of 2989 SF");
-    for (int i = 0; i < 4; ++i) Key(Qt::Key_PageDown);
-    DoneWithJoists(form, Answer::No);
-  });
-  save();
-  EXPECT_EQ(BytesOnDisk(), before);
-}
-
 TEST_F(frmROOFTest, ReadsALengthBackAndRefusesWhatItWouldCutShort) {
   EstimateRecord plan = PlanWith(1);
   Run(plan, [this](frmROOF& form) {
-    for (const auto& [text, reading] : {std::pair{"12", "12 ft 0 in"},
-                                        {"12.", "12 ft 0 in"},
-                                        {"12.5", "12 ft 6 in"},
-                                        {"12-6", "12 ft 6 in"},
-                                        {"12'6", "not a length"},
-                                        {"", ""}}) {
+    for (const auto& [text, reading] : {std::pair{"12.5", "12 ft 6 in"}, {"12-6", "12 ft 6 in"}, {"12'6", "not a length"}, {"", ""}}) {
       Type(form, "txtRafterRun", text);
-      EXPECT_EQ(Label(form, "txtRafterRun_reading"), reading) << text;
+      EXPECT_EQ(Text(form, "txtRafterRun_reading"), reading) << text;
     }
     // Refused on the way to another box, and once by a button; what was typed stays to be mended.
-    const std::function<void()> ways[] = {[] { Key(Qt::Key_Return); }, [] { Key(Qt::Key_Backtab); }, [&form] { Click(form, "cmdADD"); }};
-    for (const auto& leave : ways) {
-      Type(form, "txtRafterRun", "12 6");
-      asked.Expect(kForms);
-      leave();
-      asked.ExpectAllAsked();
-      EXPECT_EQ(Focus() + ": " + Text(form, "txtRafterRun"), "txtRafterRun: 12 6");
-    }
+    for (const char* const leave : {"12 6<Return>", "12 6<Backtab>", "12 6<Alt+A>"})
+      Take(form, {{leave, "1 of 1, txtRafterRun 12 6", kForms}});
     form.close();
   });
-}
-
-TEST_F(frmROOFTest, RefusesThe65thSectionAndHandsOverTheArea) {
-  EstimateRecord plan = PlanWith(63);
-  Run(plan, [this](frmROOF& form) {
-    Click(form, "cmdADD");
-    Type(form, "txtSection", "64");
-    asked.Expect(kNoRun);
-    Click(form, "cmdADD");
-    EXPECT_EQ(Focus(), "txtRafterRun");
-    Keys("12");
-    asked.Expect("0 Max of 64 sections already entered!|Norvale Help Notice");
-    Click(form, "cmdADD");
-    asked.ExpectAllAsked();
-    EXPECT_EQ(Sections(form), "64 of 64, 794 SF of 25824 SF");
-    DoneWithJoists(form, Answer::Yes);
-  });
-  EXPECT_EQ(LengthsOf(plan).size(), 64U);
-  EXPECT_EQ(dataEntry.TxtDisp[kRoofArea].text, "25824");
 }
 
 TEST_F(frmROOFTest, RemovesInTheMiddleAndTakesItBack) {
   EstimateRecord plan = PlanWith(4);
   Run(plan, [this](frmROOF& form) {
-    Key(Qt::Key_PageDown);
-    asked.Expect(kRemove, Answer::No);
-    Click(form, "cmdREMOVE");
-    for (const char* const left : {"2 of 4", "2 of 3", "2 of 2"}) {
-      EXPECT_EQ(Label(form, "lblsection"), left);
-      asked.Expect(kRemove, Answer::Yes);
-      Click(form, "cmdREMOVE");
-    }
+    Take(form, {{"<PgDown>", "2 of 4, txtSection 2."},
+                {"<Alt+R>", "2 of 4, cmdREMOVE", kRemove, Answer::No},
+                {"<Alt+R>", "2 of 3, cmdREMOVE", kRemove, Answer::Yes},
+                {"<Alt+R>", "2 of 2, cmdREMOVE", kRemove, Answer::Yes},
+                {"<Alt+R>", "1 of 1, cmdREMOVE", kRemove, Answer::Yes}});
     // In a box the key takes back what was typed there, elsewhere the section removed last.
     Type(form, "txtSection", "9");
-    Key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(Label(form, "lblsection"), "1 of 1");
-    Type(form, "txtSection", "1");
+    Take(form, {{"<Ctrl+Z>", "1 of 1, txtSection 1."}});
     Find(form, "lstSections")->setFocus();
-    Key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(Label(form, "lblsection") + ": " + Text(form, "txtSection"), "2 of 2: 4.");
-    Click(form, "cmdUNDO");
-    DoneWithJoists(form, Answer::No);
+    Take(form, {{"<Ctrl+Z>", "2 of 2, lstSections"}, {"<Alt+U>", "2 of 3, txtSection 3."}});
+    asked.Expect(std::string(kTransferAreaQuestion), Answer::Yes);
+    Keys("<Alt+D>"), Click(form, "cmdJOIST");
   });
-  EXPECT_THAT(LengthsOf(plan), testing::ElementsAre(1, 3, 4));
-  EXPECT_EQ(dataEntry.TxtDisp[kRoofArea].text, "");
+  EXPECT_EQ(plan.RoofPlanes[1].SectionLength, 36);
+  EXPECT_EQ(dataEntry.TxtDisp[47].text, "99") << "sections of 1, 3 and 4 ft";
 }
 
 TEST_F(frmROOFTest, GoesToTheSectionChosenInTheList) {
@@ -221,19 +91,16 @@ TEST_F(frmROOFTest, GoesToTheSectionChosenInTheList) {
     auto* const list = Find<QTreeWidget>(form, "lstSections");
     const auto choose = [&](int row) {
       QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->topLevelItem(row)).center());
-      QApplication::processEvents();
     };
     choose(3);
-    EXPECT_EQ(Label(form, "lblsection") + ": " + Text(form, "txtSection"), "4 of 5: 4.");
-    Key(Qt::Key_Down);
-    EXPECT_EQ(Label(form, "lblsection"), "5 of 5");
+    Take(form, {{"", "4 of 5, lstSections"}, {"<Down>", "5 of 5, lstSections"}});
     EXPECT_FALSE(Find(form, "cmdNEXT")->isEnabled());
     Type(form, "txtRafterRun", "");
     asked.Expect(kNoRun);
     choose(0);
-    asked.ExpectAllAsked();
+    Take(form, {{"", "5 of 5, txtRafterRun "}});
     EXPECT_EQ(list->currentIndex().row(), 4) << "the mark stays with the section that is shown";
-    Type(form, "txtRafterRun", "24");
+    Keys("24");
     EXPECT_EQ(list->topLevelItem(4)->text(2), "124");
     Discard(form);
   });
@@ -243,52 +110,51 @@ TEST_F(frmROOFTest, OnlyDoneOfTheJoistsKeepsAnything) {
   const EstimateRecord before = PlanWith(2);
   EstimateRecord plan = before;
   Run(plan, [&](frmROOF& form) {
-    Type(form, "txtSection", "40");
-    Click(form, "cmdDONE");
-    Type(form, "txtTWOxSIX_2", "1x2.3");
-    Key(Qt::Key_Tab);
-    EXPECT_EQ(Text(form, "txtTWOxSIX_2"), "13");
-    Key(Qt::Key_Escape);
-    EXPECT_EQ(Text(form, "txtSection"), "40") << "back at the sections";
-    asked.Expect(kDiscard, Answer::No);
-    Key(Qt::Key_Escape);
-    Click(form, "cmdDONE");
-    EXPECT_EQ(Text(form, "txtTWOxSIX_2"), "13");
+    Take(form, {{"40<Alt+D>", "1 of 2, txtTWOxSIX_0 "},
+                {"<Tab><Tab>1x2.3<Tab>", "1 of 2, txtTWOxSIX_3 "},
+                {"<Esc>", "1 of 2, txtSection 40"},  // back at the sections
+                {"<Esc>", "1 of 2, txtSection 40", kDiscard, Answer::No},
+                {"<Alt+D><Tab><Tab>", "1 of 2, txtTWOxSIX_2 13"}});
     Click(form, "cmdCANCEL");
     EXPECT_EQ(plan, before);
     Discard(form);
   });
   EXPECT_EQ(plan, before);
+  Run(plan, [](frmROOF&) { Keys("<Esc>"); });  // nothing was changed, nothing is asked
+  Run(plan, [this](frmROOF& form) {
+    asked.Expect(std::string(kTransferAreaQuestion), Answer::No);
+    Keys("<Alt+D>"), Click(form, "cmdJOIST");
+  });
+  EXPECT_EQ(plan, before);
   EXPECT_EQ(dataEntry.mark, ChangeMark::None);
-  Run(plan, [](frmROOF&) { Key(Qt::Key_Escape); });  // nothing was changed, nothing is asked
 }
 
 TEST_F(frmROOFTest, TellsOnceOfMissingJoistsAndShowsThoseThatAreLeft) {
   EstimateRecord plan = PlanWith(1);
   Run(plan, [this](frmROOF& form) {
-    Click(form, "cmdDONE");
-    Type(form, "txtTWOxEIGHT_1", "99999");
-    asked.Expect("0 This Entry is TOO LARGE for calculations!|Norvale Help Notice");
-    Click(form, "cmdJOIST");
+    Keys("<Alt+D>");
+    const auto done = [&](const char* feet, const std::string& message) {
+      Type(form, "txtTWOxEIGHT_1", feet);
+      asked.Expect(message, Answer::No);
+      Click(form, "cmdJOIST");
+      asked.ExpectAllAsked();
+    };
+    done("99999", "0 This Entry is TOO LARGE for calculations!|Norvale Help Notice");
     EXPECT_EQ(Focus(), "txtTWOxEIGHT_1");
-    Type(form, "txtTWOxEIGHT_1", "");
-    asked.Expect("0 Without ceiling joists the rafters of this roof are not listed!|Norvale Help Notice");
-    Click(form, "cmdJOIST");
-    asked.ExpectAllAsked();
-    asked.Expect(kTransfer, Answer::No);
-    Click(form, "cmdJOIST");
+    done("", "0 Without ceiling joists the rafters of this roof are not listed!|Norvale Help Notice");
+    done("", std::string(kTransferAreaQuestion));
   });
   EXPECT_EQ(plan.CeilingJoistLft2X8[1], 0);
   plan.CeilingJoistLft2X8[1] = 30;
   Run(plan, [this](frmROOF& form) {
     asked.Expect(kRemove, Answer::Yes);
-    Click(form, "cmdREMOVE");
-    Click(form, "cmdDONE");
+    Keys("<Alt+R><Alt+D>");
+    ASSERT_TRUE(form.isVisible()) << "the joists would go on printing a stick roof";
     Type(form, "txtTWOxEIGHT_1", "");
     Click(form, "cmdJOIST");
   });
   EXPECT_EQ(plan, BlankPlan());
-  Run(plan, [](frmROOF& form) { Click(form, "cmdDONE"); });  // leaves at once
+  Run(plan, [](frmROOF&) { Keys("<Alt+D>"); });  // leaves at once
 }
 
 TEST_F(frmROOFTest, TheDrawingFollowsEveryMeasure) {
@@ -309,7 +175,7 @@ TEST_F(frmROOFTest, TheDrawingFollowsEveryMeasure) {
     }
     for (const auto& [list, hasShape] : {std::pair{"cboPitch", true}, {"cboRFType", false}}) {
       Find(form, list)->setFocus();
-      ChooseRow(3);
+      Keys("<Down>");
       EXPECT_EQ(isNew(), hasShape) << list;
     }
     Discard(form);
