@@ -82,25 +82,13 @@ std::string Difference(const std::string& a, const std::string& b) {
   return places;
 }
 
-bool IsBox(const std::string& name) { return name.starts_with("TxtDisp") || name.starts_with("combo1"); }
-
-// Types into the boxes at hand and those behind, as Enter leads, and goes on to the next screen, down to the last.
-void TypeScreens(QWidget& display) {
-  std::string page;
-  for (;;) {
-    page = Find<QLabel>(display, "PageLabel")->text().toStdString();
-    for (std::string box = Focus(); IsBox(box); box = Focus()) {
-      const int index = std::stoi(box.substr(box.find('_') + 1));
-      if (box.starts_with("combo1"))
-        Key(Qt::Key_Down);
-      else
-        Keys(std::to_string(box.starts_with("TxtDispJoist") ? 10 + 2 * index : 100 + index).c_str());
-      Key(Qt::Key_Return);
-      if (Focus() == box) throw std::logic_error("Enter does not lead on from " + box);
-    }
-    if (!Find(display, "cmdDISP1")->isEnabled()) return;
-    Key(Qt::Key_N, Qt::AltModifier);
-    if (Find<QLabel>(display, "PageLabel")->text().toStdString() == page) return;
+// Types into the boxes at hand and those behind, as Enter leads, from screen to screen down to the last.
+void TypeScreens() {
+  for (int step = 0; step < 300 && Focus() != "cmdDISP2"; ++step) {
+    const std::string box = Focus();
+    const int index = box.starts_with("TxtDisp") ? std::stoi(box.substr(box.find('_') + 1)) : 0;
+    const std::string number = std::to_string(box.starts_with("TxtDispJoist") ? 10 + 2 * index : 100 + index);
+    Keys(((box.starts_with("TxtDisp") ? number : box.starts_with("combo1") ? "<Down>" : "") + "<Return>").c_str());
   }
 }
 
@@ -110,6 +98,92 @@ void WalkTo(const char* control) {
     if (step == 40) throw std::logic_error(std::string("Enter does not lead to ") + control);
     Key(Qt::Key_Return);
   }
+}
+
+constexpr const char* kDraftRefused =
+    "0 What you type cannot be kept against a crash at the moment. Go on, and save soon.\n\nnorvale.draft.new: No space left on "
+    "device|Norvale Help Notice";
+
+struct House {
+  const char* number;
+  std::vector<const char*> ticks;
+  int type;
+};
+const std::vector<House> kHouses = {
+    {"N1", {"chkSlab10"}, kOneStorySlab},
+    {"N2", {"chkSlab15_20", "chkGarage_Attatch", "chk12field"}, kTwoLevelSlab | kAttachedGarage | kFieldFramedHalfStory},
+    {"N3", {"chkCrawl10", "chkPorch", "chkectvinyl"}, kOneStoryCrawl | kPorch | kBrickVeneer},
+    {"N4", {"chkCrawl15_20", "chkCarport", "chk12truss"}, kTwoLevelCrawl | kCarport | kAtticTrussHalfStory},
+    {"N5", {"chkCrawl10", "chkGarage_Detatch", "chkwhvinyl"}, kOneStorySlab | kDetachedGarage},
+};
+
+void FillChecklist(frmChecklst& form, const House& house) {
+  Keys((std::string(house.number) + "<Return>11-23-2026<Alt+3>").c_str());
+  for (const char* const box : house.ticks) {
+    WalkTo(box);
+    Key(Qt::Key_Space);
+  }
+  EXPECT_EQ(Text(form, "txtCustName"), "Hill Homes");
+  WalkTo("cmdOK");
+  Key(Qt::Key_Return);
+}
+
+void FillSheet(Frmnewest&) {
+  constexpr std::array kFootages = {"1500", "120", "300", "400", "8", "163", "96", "16", "0"};
+  for (int step = 0; step < 20 && Focus() != "cmdOK"; ++step)
+    Keys((kFootages.at(static_cast<std::size_t>(Focus().back() - '0')) + std::string("<Return>")).c_str());
+  Keys("<Return>");
+}
+
+// What checklist and sheet put into the record of a new plan.
+std::string HeadOf(const House& house) {
+  std::string record(EstimateRecordSize, '\0');
+  PutNumber16(record, 0, 3);
+  PutText(record, 2, 15, house.number);
+  PutText(record, 17, 10, "11-23-2026");
+  PutText(record, kReservedAt, 42, "");
+  PutNumber16(record, 27, house.type);
+  PutNumber16(record, kEavesAt, 163);
+  record[kLevelAt] = '3';
+  return record;
+}
+
+// Whether the checklist waits for the name of a copy.
+bool IsNaming(QWidget& form) { return Text(form, "txtPlanNbr").empty() && !Find(form, "frachklist")->isEnabled(); }
+
+void Exit() { Keys("<Alt+X>"); }
+void Ok() { Keys("<Alt+O>"); }
+
+// The checklist is open on the first plan.
+void GoToPlan(frmChecklst& form, const std::string& number) {
+  for (int step = 0; step < 20 && Text(form, "txtPlanNbr") != number; ++step) Key(Qt::Key_PageDown);
+  EXPECT_EQ(Text(form, "txtPlanNbr"), number);
+}
+
+void LeaveIfOpen(frmChecklst& form) {
+  if (!form.isVisible()) return;
+  ShowActive(form);
+  Key(Qt::Key_Escape);
+}
+
+// The steps to the screens of a new plan, and of one on file, which leads back to the checklist.
+FormScript NewPlan(const House& house) {
+  FormScript script;
+  script.Press<frmAddress>(Qt::Key_O, Qt::AltModifier)
+      .Then<frmChecklst>([house](frmChecklst& form) { FillChecklist(form, house); })
+      .Then<Frmnewest>(FillSheet);
+  return script;
+}
+FormScript OpenedPlan(const std::string& number) {
+  FormScript script;
+  script.Then<frmChecklst>([number](frmChecklst& form) {
+    GoToPlan(form, number);
+    Ok();
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(Text(form, "txtPlanNbr"), number);
+    LeaveIfOpen(form);
+  });
+  return script;
 }
 
 class PlanJourney : public DesktopTest {
@@ -123,19 +197,16 @@ class PlanJourney : public DesktopTest {
 
   ~PlanJourney() override { EXPECT_FALSE(std::filesystem::exists(scratch / kDraftFile)) << "every road ends without a draft"; }
 
-  void OpenNew(FormScript& script) {
+  // By the menu's letter: "w" for a new plan, "e" for those on file.
+  void Run(const char* choice, FormScript& script) {
     ShowActive(menu);
-    script.Run([] { Keys("w"), Key(Qt::Key_Return); });
+    script.Run([choice] { Keys(choice), Key(Qt::Key_Return); });
     asked.ExpectAllAsked();
   }
-  void OpenExisting(FormScript& script) {
-    ShowActive(menu);
-    script.Run([] { Keys("e"), Key(Qt::Key_Return); });
-    asked.ExpectAllAsked();
-  }
+  void ExpectExitQuestion(const std::string& number) { asked.Expect("2 Exit Data Entry for Plan: " + number + "|Exit", Answer::Yes); }
 
-  [[nodiscard]] std::string LastRecord() const {
-    const std::string all = ReadBytes(scratch / EstimateDataFile);
+  [[nodiscard]] static std::string LastRecord(const ScratchFolder& folder) {
+    const std::string all = ReadBytes(folder / EstimateDataFile);
     return all.substr(all.size() - EstimateRecordSize);
   }
 
@@ -153,112 +224,39 @@ class PlanJourney : public DesktopTest {
     return plan;
   }
 
-  // The checklist is open on the first plan; goes to the one of that number and presses OK.
-  static void OpenPlan(frmChecklst& form, const char* number) {
-    for (int step = 0; Text(form, "txtPlanNbr") != number; ++step) {
-      if (step == 20) throw std::logic_error(std::string("no plan ") + number);
-      Key(Qt::Key_PageDown);
-    }
-    Key(Qt::Key_O, Qt::AltModifier);
-  }
-  static void LeaveIfOpen(frmChecklst& form) {
-    if (!form.isVisible()) return;
-    ShowActive(form);
-    Key(Qt::Key_Escape);
-  }
-  void ExpectExitQuestion(const char* number) { asked.Expect("2 Exit Data Entry for Plan: " + std::string(number) + "|Exit", Answer::Yes); }
-  static void Exit() { Key(Qt::Key_X, Qt::AltModifier); }
-
   frmMenu menu{program, [this](MenuChoice choice, QWidget* form) { RunTask(program, choice, form); }};
 };
-
-// Whether the checklist waits for the name of a copy.
-bool IsNaming(QWidget& form) { return Text(form, "txtPlanNbr").empty() && !Find(form, "frachklist")->isEnabled(); }
-
-struct House {
-  const char* number;
-  std::vector<const char*> ticks;
-  int type;
-};
-const std::vector<House> kHouses = {
-    {"N1", {"chkSlab10"}, kOneStorySlab},
-    {"N2", {"chkSlab15_20", "chkGarage_Attatch", "chk12field"}, kTwoLevelSlab | kAttachedGarage | kFieldFramedHalfStory},
-    {"N3", {"chkCrawl10", "chkPorch", "chkectvinyl"}, kOneStoryCrawl | kPorch | kBrickVeneer},
-    {"N4", {"chkCrawl15_20", "chkCarport", "chk12truss"}, kTwoLevelCrawl | kCarport | kAtticTrussHalfStory},
-    {"N5", {"chkCrawl10", "chkGarage_Detatch", "chkwhvinyl"}, kOneStorySlab | kDetachedGarage},
-};
-
-void FillChecklist(frmChecklst& form, const House& house) {
-  Keys(house.number);
-  Key(Qt::Key_Return);
-  Keys("11-23-2026");
-  Key(Qt::Key_3, Qt::AltModifier);
-  for (const char* const box : house.ticks) {
-    WalkTo(box);
-    Key(Qt::Key_Space);
-  }
-  EXPECT_EQ(Text(form, "txtCustName"), "Hill Homes");
-  WalkTo("cmdOK");
-}
-
-void FillSheet(Frmnewest&) {
-  for (int step = 0; Focus() != "cmdOK"; ++step) {
-    if (step == 20) throw std::logic_error("Enter does not lead to OK");
-    const std::string box = Focus();
-    Keys(std::array{"1500", "120", "300", "400", "8", "163", "96", "16", "0"}[static_cast<std::size_t>(box.back() - '0')]);
-    Key(Qt::Key_Return);
-  }
-  Key(Qt::Key_Return);
-}
 
 TEST_F(PlanJourney, ANewPlanOfEachFoundationGoesToTheFilesAndBack) {
   for (const House& house : kHouses) {
     SCOPED_TRACE(house.number);
-    std::string expected(EstimateRecordSize, '\0');
-    PutNumber16(expected, 0, 3);
-    PutText(expected, 2, 15, house.number);
-    PutText(expected, 17, 10, "11-23-2026");
-    PutText(expected, kReservedAt, 42, "");
-    PutNumber16(expected, 27, house.type);
-    PutNumber16(expected, kEavesAt, 163);
-    expected[kLevelAt] = '3';
-    FormScript typed;
-    typed.Then<frmAddress>([](frmAddress&) { Key(Qt::Key_O, Qt::AltModifier); })
-        .Then<frmChecklst>([&](frmChecklst& form) {
-          FillChecklist(form, house);
-          Key(Qt::Key_Return);
-        })
-        .Then<Frmnewest>(FillSheet)
+    std::string expected = HeadOf(house);
+    FormScript typed = NewPlan(house);
+    typed
         .Then<frmDisplay>([&](frmDisplay& form) {
           EXPECT_EQ(form.windowTitle().toStdString(), DisplayTitle("Hill Homes", house.number));
-          TypeScreens(form);
-          EXPECT_EQ(Find<QLabel>(form, "PageLabel")->text(), QStringLiteral("Screen 11 Of 11"));
+          TypeScreens();
+          EXPECT_EQ(Text(form, "PageLabel"), "Screen 11 Of 11");
           expected = Shown(form, expected);
           Exit();
         })
-        .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_S); });
-    OpenNew(typed);
-    EXPECT_EQ(Difference(LastRecord(), expected), "");
+        .Press<frmEstsave>(Qt::Key_S);
+    Run("w", typed);
+    EXPECT_EQ(Difference(LastRecord(scratch), expected), "");
 
     // Opened again it shows the same; one number is changed and saved in its place.
     ExpectExitQuestion(house.number);
-    FormScript reopened;
+    FormScript reopened = OpenedPlan(house.number);
     reopened
-        .Then<frmChecklst>([&](frmChecklst& form) {
-          OpenPlan(form, house.number);
-          EXPECT_TRUE(form.isVisible()) << "an opened plan leads back to the checklist";
-          EXPECT_EQ(Text(form, "txtPlanNbr"), house.number);
-          LeaveIfOpen(form);
-        })
         .Then<frmDisplay>([&](frmDisplay& form) {
           EXPECT_EQ(Difference(Shown(form, expected), expected), "");
           Type(form, "TxtDisp_47", "777.2");
           Exit();
         })
-        .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_S); });
-    OpenExisting(reopened);
+        .Press<frmEstsave>(Qt::Key_S);
+    Run("e", reopened);
     PutNumber16(expected, kNumberAt[47], 778);
-    EXPECT_EQ(Difference(LastRecord(), expected), "");
+    EXPECT_EQ(Difference(LastRecord(scratch), expected), "");
   }
   EXPECT_EQ(PlansOnDisk().size(), 5 + kHouses.size());
   EXPECT_TRUE(CheckFolder(SystemDisk(), scratch.Path()).empty());
@@ -267,64 +265,66 @@ TEST_F(PlanJourney, ANewPlanOfEachFoundationGoesToTheFilesAndBack) {
 TEST_F(PlanJourney, NothingIsOnFileWhereverItIsLeft) {
   StoreFullPlan("U", kTwoLevelSlab);
   const auto before = BytesOnDisk();
-  const auto leaveChecklist = [](frmChecklst& form) {
-    FillChecklist(form, kHouses[3]);
-    Key(Qt::Key_Return);
-    ShowActive(form);
-    EXPECT_EQ(Text(form, "txtPlanNbr") + Text(form, "txtdate"), "N411-23-2026") << "what was typed is still there";
-    Key(Qt::Key_Escape);
-  };
-  const auto goOn = [](frmAddress&) { Key(Qt::Key_O, Qt::AltModifier); };
   FormScript atChecklist;
-  atChecklist.Then<frmAddress>([](frmAddress&) { Key(Qt::Key_Escape); }).Then<frmChecklst>([](frmChecklst& form) {
-    EXPECT_EQ(Text(form, "txtcustnum"), "");
-    Key(Qt::Key_Escape);
-  });
-  OpenNew(atChecklist);
+  atChecklist.Press<frmAddress>(Qt::Key_Escape).Press<frmChecklst>(Qt::Key_Escape);
+  Run("w", atChecklist);
   FormScript atSheet;
-  atSheet.Then<frmAddress>(goOn).Then<frmChecklst>(leaveChecklist).Then<Frmnewest>([](Frmnewest&) { Key(Qt::Key_Escape); });
-  OpenNew(atSheet);
-  FormScript atScreens;
-  atScreens.Then<frmAddress>(goOn)
+  atSheet.Press<frmAddress>(Qt::Key_O, Qt::AltModifier)
       .Then<frmChecklst>([](frmChecklst& form) {
         FillChecklist(form, kHouses[3]);
-        Key(Qt::Key_Return);
-        EXPECT_FALSE(form.isVisible()) << "a new plan that is given up leads back to the menu";
+        EXPECT_EQ(Text(form, "txtPlanNbr") + Text(form, "txtdate"), "N411-23-2026") << "what was typed is still there";
+        LeaveIfOpen(form);
       })
-      .Then<Frmnewest>(FillSheet)
+      .Press<Frmnewest>(Qt::Key_Escape);
+  Run("w", atSheet);
+  FormScript atScreens = NewPlan(kHouses[3]);
+  atScreens
       .Then<frmDisplay>([](frmDisplay& form) {
         Key(Qt::Key_Escape);
         ShowActive(form);
         Key(Qt::Key_Escape);
       })
-      .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_Escape); })
-      .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_N); });
-  OpenNew(atScreens);
-  FormScript unchanged;
-  unchanged.Then<frmChecklst>([](frmChecklst& form) { OpenPlan(form, "U"), LeaveIfOpen(form); }).Then<frmDisplay>([](frmDisplay&) {
-    Exit();
-  });
-  OpenExisting(unchanged);
+      .Press<frmEstsave>(Qt::Key_Escape)
+      .Press<frmEstsave>(Qt::Key_N);
+  Run("w", atScreens);
+  FormScript unchanged = OpenedPlan("U");
+  unchanged.Then<frmDisplay>([](frmDisplay&) { Exit(); });
+  Run("e", unchanged);
+  ExpectExitQuestion("U");
+  FormScript ofAnother;
+  ofAnother
+      .Then<frmChecklst>([](frmChecklst& form) {
+        GoToPlan(form, "U");
+        Type(form, "txtcustnum", "3");
+        Ok();
+        EXPECT_EQ(Text(form, "txtcustnum") + Text(form, "txtCustName"), "7Oak Street Builders") << "as it is on file";
+        LeaveIfOpen(form);
+      })
+      .Then<frmDisplay>([](frmDisplay& form) {
+        EXPECT_EQ(form.windowTitle().toStdString(), DisplayTitle("Hill Homes", "U"));
+        Exit();
+      })
+      .Press<frmEstsave>(Qt::Key_N);
+  Run("e", ofAnother);
   EXPECT_EQ(BytesOnDisk(), before);
 }
 
 TEST_F(PlanJourney, AChangedTypeIsSavedInPlaceWithOrWithoutWhatItShuts) {
   for (const bool isCleared : {false, true}) {
     const char* const number = isCleared ? "T1" : "T0";
-    EstimateRecord plan = StoreFullPlan(number, kTwoLevelSlab | kAttachedGarage);
+    const EstimateRecord plan = StoreFullPlan(number, kTwoLevelSlab | kAttachedGarage);
     std::string shown;
     asked.Expect(std::string(kClearShutBoxesQuestion), isCleared ? Answer::Yes : Answer::No);
     ExpectExitQuestion(number);
     FormScript script;
     script
         .Then<frmChecklst>([&](frmChecklst& form) {
-          while (Text(form, "txtPlanNbr") != number) Key(Qt::Key_PageDown);
+          GoToPlan(form, number);
           Key(Qt::Key_T, Qt::AltModifier);
           EXPECT_EQ(Focus(), "chkSlab15_20");
-          Key(Qt::Key_Backtab);
-          Key(Qt::Key_Space);
+          Keys("<Backtab><Space>");
           WalkTo("cmdOK");
-          Key(Qt::Key_Return);
+          Keys("<Return>");
           EXPECT_FALSE(form.isVisible());
         })
         .Then<frmDisplay>([&](frmDisplay& form) {
@@ -333,10 +333,10 @@ TEST_F(PlanJourney, AChangedTypeIsSavedInPlaceWithOrWithoutWhatItShuts) {
           shown = Shown(form, BytesOf(plan));
           Exit();
         })
-        .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_S); });
-    OpenExisting(script);
+        .Press<frmEstsave>(Qt::Key_S);
+    Run("e", script);
     PutNumber16(shown, 27, kOneStorySlab | kAttachedGarage);
-    EXPECT_EQ(Difference(LastRecord(), shown), "");
+    EXPECT_EQ(Difference(LastRecord(scratch), shown), "");
     EXPECT_EQ(shown[static_cast<std::size_t>(kNumberAt[42])] == '\0', isCleared);
   }
   EXPECT_EQ(PlansOnDisk().size(), 7U);
@@ -344,26 +344,30 @@ TEST_F(PlanJourney, AChangedTypeIsSavedInPlaceWithOrWithoutWhatItShuts) {
 
 // Oak Street's plan S is opened, changed and saved as new; what is done between tells what becomes of it.
 TEST_F(PlanJourney, ACopyGoesWhereItIsNamedAndNowhereElse) {
-  const auto next = [] { Key(Qt::Key_N, Qt::AltModifier); };
-  const auto ok = [] { Key(Qt::Key_O, Qt::AltModifier); };
-  const auto esc = [] { Key(Qt::Key_Escape); };
+  const FileError full("norvale.jnl", "No space left on device");
   const struct {
     const char* what;
     bool isTypeChanged;
-    std::function<void(frmAddress&)> choose;
+    std::function<void()> choose;
     std::function<void(frmChecklst&)> name;  // none: the customer is backed out of
-    int customer;                            // and number of the copy; 0: nothing is saved
-    const char* number;
+    int customer = 0;                        // and number of the copy; 0: nothing is saved
+    const char* number = "";
   } cases[] = {
-      {"backed out of the customer", false, [&](frmAddress&) { esc(); }, {}, 0, ""},
-      {"backed out of the number", false, [&](frmAddress&) { ok(); }, [&](frmChecklst&) { Keys("half"), esc(); }, 0, ""},
-      {"closed the second checklist", true, [&](frmAddress&) { ok(); }, [](frmChecklst& form) { form.close(); }, 0, ""},
-      {"to another customer", false, [&](frmAddress&) { next(), ok(); }, [&](frmChecklst&) { Keys("S"), ok(); }, 12, "S"},
-      {"of another type", true, [&](frmAddress&) { ok(); }, [&](frmChecklst&) { Keys("S2"), ok(); }, 7, "S2"},
-      {"by its own name", false, [&](frmAddress&) { ok(); }, [&](frmChecklst&) { Keys("S"), ok(); }, 7, "S"},
+      {"backed out of the customer", false, [] { Key(Qt::Key_Escape); }, {}},
+      {"backed out of the number", false, Ok, [](frmChecklst&) { Keys("half<Esc>"); }},
+      {"closed the second checklist", true, Ok, [](frmChecklst& form) { form.close(); }},
+      {"the disk is full", false, Ok,
+       [&](frmChecklst&) {
+         disk.reason = full.Reason();
+         asked.Expect(kDraftRefused);
+         asked.Expect(FileErrorNotice(full));
+         Keys("S2<Alt+O>");
+       }},
+      {"to another customer", false, [] { Keys("<Alt+N><Alt+O>"); }, [](frmChecklst&) { Keys("S<Alt+O>"); }, 12, "S"},
+      {"of another type", true, Ok, [](frmChecklst&) { Keys("S2<Alt+O>"); }, 7, "S2"},
+      {"by its own name", false, Ok, [](frmChecklst&) { Keys("S<Alt+O>"); }, 7, "S"},
   };
   const EstimateRecord plan = StoreFullPlan("S", kTwoLevelCrawl);
-  const auto plans = PlansOnDisk();
   const auto before = BytesOnDisk();
   const std::string records = ReadBytes(scratch / EstimateDataFile);
   const std::string index = ReadBytes(scratch / EstimateIndexFile);
@@ -377,9 +381,9 @@ TEST_F(PlanJourney, ACopyGoesWhereItIsNamedAndNowhereElse) {
     FormScript script;
     script
         .Then<frmChecklst>([&](frmChecklst& form) {
-          while (Text(form, "txtPlanNbr") != "S") Key(Qt::Key_PageDown);
-          if (c.isTypeChanged) Key(Qt::Key_T, Qt::AltModifier), Find(form, "chkPorch")->setFocus(), Key(Qt::Key_Space);
-          ok();
+          GoToPlan(form, "S");
+          if (c.isTypeChanged) Keys("<Alt+T>"), Find(form, "chkPorch")->setFocus(), Keys("<Space>");
+          Ok();
           EXPECT_EQ(form.isVisible(), c.customer == 0 && !c.isTypeChanged);
           LeaveIfOpen(form);
         })
@@ -389,29 +393,24 @@ TEST_F(PlanJourney, ACopyGoesWhereItIsNamedAndNowhereElse) {
           changed = Shown(form, BytesOf(plan));
           Exit();
         })
-        .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_A); })
-        .Then<frmAddress>(c.choose);
-    if (c.name)
-      script.Then<frmChecklst>(
-          [&](frmChecklst& form) {
-            EXPECT_EQ(Text(form, "txtPlanNbr") + Focus(), "txtPlanNbr");
-            EXPECT_FALSE(Find(form, "frachklist")->isEnabled());
-            for (const char* const shut : {"cmdDelete", "cmdFind", "cmdNEXT", "cmdPREV", "cmdchange"})
-              EXPECT_FALSE(Find(form, shut)->isEnabled()) << shut;
-            c.name(form);
-          },
-          IsNaming);
-    if (c.customer == 0) {
+        .Press<frmEstsave>(Qt::Key_A)
+        .Then<frmAddress>([&c](frmAddress&) { c.choose(); });
+    const auto name = [&](frmChecklst& form) {
+      EXPECT_EQ(Text(form, "txtPlanNbr") + Focus(), "txtPlanNbr");
+      for (const char* const shut : {"frachklist", "cmdDelete", "cmdFind", "cmdNEXT", "cmdPREV", "cmdchange"})
+        EXPECT_FALSE(Find(form, shut)->isEnabled()) << shut;
+      c.name(form);
+    };
+    if (c.name) script.Then<frmChecklst>(name, IsNaming);
+    const auto leave = [&](frmDisplay& form) {
+      disk.reason.clear();
+      EXPECT_EQ(Difference(Shown(form, BytesOf(plan)), changed), "") << "all that was typed is still there";
+      EXPECT_EQ(session.CurrentCustomer, OnDisk(7));
       ExpectExitQuestion("S");
-      script
-          .Then<frmDisplay>([&](frmDisplay& form) {
-            EXPECT_EQ(Difference(Shown(form, BytesOf(plan)), changed), "") << "all that was typed is still there";
-            EXPECT_EQ(session.CurrentCustomer, OnDisk(7));
-            Exit();
-          })
-          .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_N); });
-    }
-    OpenExisting(script);
+      Exit();
+    };
+    if (c.customer == 0) script.Then<frmDisplay>(leave).Press<frmEstsave>(Qt::Key_N);
+    Run("e", script);
     if (c.customer == 0) {
       EXPECT_EQ(BytesOnDisk(), before);
       continue;
@@ -419,11 +418,9 @@ TEST_F(PlanJourney, ACopyGoesWhereItIsNamedAndNowhereElse) {
     PutNumber16(changed, 0, c.customer);
     PutText(changed, 2, 15, c.number);
     if (c.isTypeChanged) PutNumber16(changed, 27, kTwoLevelCrawl | kPorch);
-    EXPECT_EQ(Difference(LastRecord(), changed), "");
     const bool isInPlace = c.customer == 7 && c.number == std::string("S");
-    EXPECT_EQ(PlansOnDisk().size(), plans.size() + (isInPlace ? 0 : 1));
-    EXPECT_EQ(ReadBytes(scratch / EstimateDataFile).substr(0, records.size() - (isInPlace ? EstimateRecordSize : 0)),
-              records.substr(0, records.size() - (isInPlace ? EstimateRecordSize : 0)));
+    const std::string others = records.substr(0, records.size() - (isInPlace ? EstimateRecordSize : 0));
+    EXPECT_EQ(Difference(ReadBytes(scratch / EstimateDataFile), others + changed), "");
     EXPECT_TRUE(CheckFolder(SystemDisk(), scratch.Path()).empty());
   }
 }
@@ -433,130 +430,80 @@ TEST_F(PlanJourney, AnOpenPlanFollowsItsCustomersNewNumber) {
   std::string changed = BytesOf(StoreFullPlan("S", kOneStoryCrawl));
   ExpectExitQuestion("S");
   ExpectExitQuestion("S");
-  FormScript script;
-  script.Then<frmChecklst>([&](frmChecklst& form) { OpenPlan(form, "S"), LeaveIfOpen(form); })
-      .Then<frmDisplay>([&](frmDisplay& form) {
+  FormScript script = OpenedPlan("S");
+  script
+      .Then<frmDisplay>([](frmDisplay& form) {
         Type(form, "TxtDisp_0", "333");
         Exit();
       })
-      .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_A); })
+      .Press<frmEstsave>(Qt::Key_A)
       .Then<frmAddress>([](frmAddress& form) {
         Type(form, "txtAddress_0", "2");
-        Key(Qt::Key_N, Qt::AltModifier);
-        Key(Qt::Key_Escape);
+        Keys("<Alt+N><Esc>");
       })
       .Then<frmDisplay>([](frmDisplay&) { Exit(); })
-      .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_S); });
-  OpenExisting(script);
+      .Press<frmEstsave>(Qt::Key_S);
+  Run("e", script);
   PutNumber16(changed, 0, 2);
   PutNumber16(changed, kNumberAt[0], 333);
-  EXPECT_EQ(Difference(LastRecord(), changed), "");
+  EXPECT_EQ(Difference(LastRecord(scratch), changed), "");
   EXPECT_EQ(PlansOnDisk(), (std::vector<PlanName>{{0, "M"}, {2, "A"}, {2, "B"}, {2, "C"}, {2, "S"}, {3, "A"}}));
   EXPECT_TRUE(CheckFolder(SystemDisk(), scratch.Path()).empty());
-}
-
-TEST_F(PlanJourney, AFullDiskLeavesThePlanOnTheScreens) {
-  const auto before = BytesOnDisk();
-  const FileError full("norvale.jnl", "No space left on device");
-  FormScript script;
-  script.Then<frmAddress>([](frmAddress&) { Key(Qt::Key_O, Qt::AltModifier); })
-      .Then<frmChecklst>([](frmChecklst& form) { FillChecklist(form, kHouses[0]), Key(Qt::Key_Return), LeaveIfOpen(form); })
-      .Then<Frmnewest>(FillSheet)
-      .Then<frmDisplay>([](frmDisplay&) { Exit(); })
-      .Then<frmEstsave>([&](frmEstsave&) {
-        disk.reason = full.Reason();
-        asked.Expect(
-            "0 What you type cannot be kept against a crash at the moment. Go on, and save soon.\n\nnorvale.draft.new: No space left on "
-            "device|Norvale Help Notice");
-        asked.Expect(FileErrorNotice(full));
-        Key(Qt::Key_S);
-      })
-      .Then<frmDisplay>([&](frmDisplay& form) {
-        EXPECT_EQ(BytesOnDisk(), before);
-        disk.reason.clear();
-        Type(form, "TxtDisp_47", "4321");
-        Exit();
-      })
-      .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_S); });
-  OpenNew(script);
-  EXPECT_EQ(PlansOnDisk().size(), 6U);
-  EXPECT_EQ(FindEstimate(scratch.Path(), 3, "N1")->RoofSqFt, 4321);
 }
 
 // The folder as it is at that moment is what a program finds that is started after a kill.
 TEST_F(PlanJourney, AKillLosesNothingThatStoodOnAnEarlierScreen) {
   for (const bool isNew : {true, false}) {
     SCOPED_TRACE(isNew);
-    const char* const number = isNew ? "N4" : "S";
-    std::string shown(EstimateRecordSize, '\0');
-    if (!isNew) shown = BytesOf(StoreFullPlan("S", kTwoLevelCrawl | kBrickVeneer));
+    const std::string number = isNew ? "N4" : "S";
+    std::string shown = isNew ? HeadOf(kHouses[3]) : BytesOf(StoreFullPlan("S", kTwoLevelCrawl | kBrickVeneer));
     const ScratchFolder killed;
     std::string page;
-    const auto work = [&](frmDisplay& form) {
-      for (int screen = 0; screen < 6; ++screen) {
-        if (Focus().starts_with("TxtDisp_")) Keys("321");
-        if (Focus().starts_with("combo1_")) Key(Qt::Key_Down);
-        Key(Qt::Key_N, Qt::AltModifier);
-      }
-      shown = Shown(form, shown);
-      page = Find<QLabel>(form, "PageLabel")->text().toStdString();
-      std::filesystem::copy(scratch.Path(), killed.Path());
-      Keys("99");
-      Exit();
-    };
-    FormScript before;
-    if (isNew) {
-      before.Then<frmAddress>([](frmAddress&) { Key(Qt::Key_O, Qt::AltModifier); })
-          .Then<frmChecklst>([](frmChecklst& form) { FillChecklist(form, kHouses[3]), Key(Qt::Key_Return), LeaveIfOpen(form); })
-          .Then<Frmnewest>(FillSheet)
-          .Then<frmDisplay>(work)
-          .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_N); });
-      OpenNew(before);
-    } else {
-      ExpectExitQuestion(number);
-      before.Then<frmChecklst>([](frmChecklst& form) { OpenPlan(form, "S"), LeaveIfOpen(form); })
-          .Then<frmDisplay>(work)
-          .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_N); });
-      OpenExisting(before);
-    }
+    FormScript before = isNew ? NewPlan(kHouses[3]) : OpenedPlan("S");
+    before
+        .Then<frmDisplay>([&](frmDisplay& form) {
+          for (int screen = 0; screen < 6; ++screen) {
+            if (Focus().starts_with("TxtDisp_")) Keys("321");
+            if (Focus().starts_with("combo1_")) Key(Qt::Key_Down);
+            Keys("<Alt+N>");
+          }
+          shown = Shown(form, shown);
+          page = Text(form, "PageLabel");
+          std::filesystem::copy(scratch.Path(), killed.Path());
+          Keys("99");
+          if (!isNew) ExpectExitQuestion(number);
+          Exit();
+        })
+        .Press<frmEstsave>(Qt::Key_N);
+    Run(isNew ? "w" : "e", before);
 
     DataFolder again(killed.Path());
     Session fresh;
     EXPECT_TRUE(StartFolder(again, fresh).faults.empty());
     Program restarted{again, fresh, asked};
     const std::size_t plans = ReadAllEstimates(killed.Path()).size();
-    asked.Expect("2 The program ended while plan " + std::string(number) + " for " + (isNew ? "Hill Homes" : "Oak Street Builders") +
-                     " was being " + (isNew ? "entered" : "changed") +
+    asked.Expect("2 The program ended while plan " + number + " for " +
+                     (isNew ? "Hill Homes was being entered" : "Oak Street Builders was being changed") +
                      ". What stood there at the last change of screen is kept.\n\nGo on with it?|Unsaved Plan",
                  Answer::Yes);
     FormScript after;
     after
         .Then<frmDisplay>([&](frmDisplay& form) {
           EXPECT_EQ(Difference(Shown(form, shown), shown), "");
-          EXPECT_EQ(Find<QLabel>(form, "PageLabel")->text().toStdString(), page);
+          EXPECT_EQ(Text(form, "PageLabel"), page);
           if (!isNew) ExpectExitQuestion(number);
           Exit();
         })
-        .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_S); });
-    if (!isNew)
-      after.Then<frmChecklst>([](frmChecklst& form) {
-        auto* const leave = new QTimer(&form);  // data entry may still be on its way out
-        QObject::connect(leave, &QTimer::timeout, &form, &QDialog::reject);
-        leave->start(5);
-      });
+        .Press<frmEstsave>(Qt::Key_S);
+    const auto leave = [](frmChecklst& form) {
+      auto* const timer = new QTimer(&form);  // data entry may still be on its way out
+      QObject::connect(timer, &QTimer::timeout, &form, &QDialog::reject);
+      timer->start(5);
+    };
+    if (!isNew) after.Then<frmChecklst>(leave);
     after.Run([&] { OfferUnsavedPlan(restarted); });
     asked.ExpectAllAsked();
-    if (isNew) {
-      PutNumber16(shown, 0, 3);
-      PutText(shown, 2, 15, number);
-      PutText(shown, 17, 10, "11-23-2026");
-      PutText(shown, kReservedAt, 42, "");
-      PutNumber16(shown, 27, kHouses[3].type);
-      PutNumber16(shown, kEavesAt, 163);
-      shown[kLevelAt] = '3';
-    }
-    const std::string records = ReadBytes(killed / EstimateDataFile);
-    EXPECT_EQ(Difference(records.substr(records.size() - EstimateRecordSize), shown), "");
+    EXPECT_EQ(Difference(LastRecord(killed), shown), "");
     EXPECT_EQ(ReadAllEstimates(killed.Path()).size(), plans + (isNew ? 1 : 0));
     EXPECT_FALSE(std::filesystem::exists(killed / kDraftFile));
   }
@@ -591,13 +538,14 @@ TEST_F(PlanJourney, AnUnsavedPlanIsNeverWrittenOverOneThatWasChanged) {
   keepDraft();
   asked.Expect(question, Answer::Yes);
   FormScript script;
-  script.Then<frmDisplay>([](frmDisplay&) { Exit(); })
-      .Then<frmEstsave>([](frmEstsave&) { Key(Qt::Key_S); })
-      .Then<frmAddress>([](frmAddress&) { Key(Qt::Key_O, Qt::AltModifier); })
-      .Then<frmChecklst>([](frmChecklst&) { Keys("S3"), Key(Qt::Key_O, Qt::AltModifier); }, IsNaming);
+  script.Then<frmDisplay>([](frmDisplay&) { Keys("<PgDown>"), Exit(); })
+      .Press<frmEstsave>(Qt::Key_S)
+      .Press<frmAddress>(Qt::Key_O, Qt::AltModifier)
+      .Then<frmChecklst>([](frmChecklst&) { Keys("S3<Alt+O>"); }, IsNaming);
   script.Run([this] { OfferUnsavedPlan(program); });
   EXPECT_EQ(FindEstimate(scratch.Path(), 7, "S")->RoofSqFt, 1);
   EXPECT_EQ(FindEstimate(scratch.Path(), 7, "S3")->RoofSqFt, 1047);
+  EXPECT_EQ(FindEstimate(scratch.Path(), 7, "S3")->HeaderLft, 1045) << "what the plan held is not computed anew";
   EXPECT_EQ(FindEstimate(scratch.Path(), 7, "S3")->ExtWallLftFirstFloor, 321);
 }
 
