@@ -48,12 +48,13 @@ TEST(Sections, ClipsGoByTheBox) {
     const char* text;
     double priced;
   };
-  const Case cases[] = {{1996, 0, " 1 Box", 1},          {2000, 0, " 1 Box", 1},       // 250, and 250.5 to the even 250
-                        {2004, 0, " 2 Boxes", 2},        {3988, 0, " 2 Boxes", 2},     // 251 and 499
-                        {3996, 0, " 2 Boxes", 2},        {4996, 0, " 3 Boxes", 3},     // 500 and 625
-                        {1996, 1, " 2 Boxes", 2},        {2000, -100, " 1 Box", 1},    // 252 and 0
-                        {2000, -250, " 1 Box", 1},       {32760, 0, " 16 Boxes", 16},  // below 0, and 4095.5 to 4096
-                        {1996, 32767, " 329 Boxes", 329}};                             // 250 + 81917
+  const Case cases[] = {{1996, 0, " 1 Box", 1},           {2000, 0, " 1 Box", 1},       // 250, and 250.5 to the even 250
+                        {2004, 0, " 2 Boxes", 2},         {3988, 0, " 2 Boxes", 2},     // 251 and 499
+                        {3996, 0, " 2 Boxes", 2},         {4996, 0, " 3 Boxes", 3},     // 500 and 625
+                        {1996, 1, " 2 Boxes", 2},         {2000, -100, " 1 Box", 1},    // 252 and 0
+                        {2000, -250, " 1 Box", 1},        {32760, 0, " 16 Boxes", 16},  // below 0, and 4095.5 to 4096
+                        {1996, 32767, " 329 Boxes", 329},                               // 250 + 81917
+                        {2001, 0, " 2 Boxes", 2},         {4992, 0, " 2 Boxes", 2}};    // 250.6 to 251; 624.5 to the even 624
   for (const Case& c : cases) {
     EstimateRecord plan;
     plan.RoofSqFt = c.roof;

@@ -83,6 +83,8 @@ struct SectionRun {
         row += " | " + (noted.item == kNoItem ? std::string("-") : std::to_string(noted.item));
         if (Trim(noted.priceKey) != Trim(noted.description)) row += " | " + noted.priceKey;
         EXPECT_TRUE(Has(front, TrimRight(noted.description))) << noted.description;
+        EXPECT_TRUE(quantity.ends_with(" " + noted.unit)) << quantity << ", noted in " << noted.unit;
+        EXPECT_EQ(noted.adjusted, line[58] == '*') << row;
       }
       rows.push_back(row);
     }
