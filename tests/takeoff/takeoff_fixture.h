@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/numbers.h"
 #include "base/text.h"
 #include "takeoff/print_estimate.h"
 #include "takeoff/sections.h"
@@ -84,6 +85,7 @@ struct SectionRun {
         if (Trim(noted.priceKey) != Trim(noted.description)) row += " | " + noted.priceKey;
         EXPECT_TRUE(Has(front, TrimRight(noted.description))) << noted.description;
         EXPECT_TRUE(quantity.ends_with(" " + noted.unit)) << quantity << ", noted in " << noted.unit;
+        EXPECT_EQ(noted.quantity, Val(quantity)) << row;
         EXPECT_EQ(noted.adjusted, line[58] == '*') << row;
       }
       rows.push_back(row);
