@@ -172,6 +172,7 @@ TEST(PagePainter, MarksAreForTheEyeAlone) {
   };
   Document plain = document;
   plain.marks.clear();
+  EXPECT_EQ(DocumentPdf(document, {}).size(), DocumentPdf(plain, {}).size());
   for (const std::size_t page : {std::size_t{0}, std::size_t{1}}) {
     const QImage paper = picture(plain, page, Marks::Shown);
     EXPECT_EQ(picture(document, page, Marks::Hidden), paper);

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "case_file.h"
 #include "prices/delivered.h"
 #include "printing/print_selection.h"
+#include "support/scratch_folder.h"
 
 namespace norvale {
 
