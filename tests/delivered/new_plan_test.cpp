@@ -4,23 +4,10 @@
 #include <vector>
 
 #include "delivered/sample_house.h"
+#include "entry/entry_form.h"
 
 namespace norvale {
 namespace {
-
-std::vector<int> EveryPlanType() {
-  std::vector<int> types;
-  for (const int foundation : {kOneStorySlab, kTwoLevelSlab, kOneStoryCrawl, kTwoLevelCrawl})
-    for (const int story : {0, kFieldFramedHalfStory, kAtticTrussHalfStory})
-      for (int parts = 0; parts < 16; ++parts) {
-        const bool twoLevels = (foundation & (kTwoLevelSlab | kTwoLevelCrawl)) != 0;
-        if (story != 0 && !twoLevels) continue;
-        types.push_back(foundation | story | ((parts & 1) != 0 ? kAttachedGarage : 0) | ((parts & 2) != 0 ? kCarport : 0) |
-                        ((parts & 4) != 0 ? kPorch : 0) | ((parts & 8) != 0 ? kBrickVeneer : 0));
-      }
-  types.push_back(kOneStorySlab | kDetachedGarage);
-  return types;
-}
 
 // Labels that only a plan with that part may show.
 struct PartLabels {
@@ -29,41 +16,36 @@ struct PartLabels {
   std::vector<std::string_view> labels;
 };
 
-const std::vector<PartLabels>& Parts() {
-  static const std::vector<PartLabels> parts = {
-      {"crawl space",
-       [](const EstimateRecord& plan) { return (plan.PlanType & kCrawlSpace) != 0; },
-       {"(Mud Sill)", "(Sill Sealer)", "(Box Sill)", "(Girders)", "(Ledger-Girders)", "(Flr. Joist)", "(Flr. I Joist)"}},
-      {"slab",
-       [](const EstimateRecord& plan) { return (plan.PlanType & kSlab) != 0; },
-       {"(Shoe)", "(Shoe Ext wall)", "(Plates, Blk. Ext)"}},
-      {"second floor",
-       [](const EstimateRecord& plan) { return plan.SecondFloorType == 2; },
-       {"(Stair Stringers)", "(2-Flr. Joist)", "(Wall Studs Ext)", "(2nd Flr. Nails)", "(Wallboard-2fl.)", "(Base 2fl.)",
-        "(Flr. Truss Band)"}},
-      {"joisted second floor",
-       [](const EstimateRecord& plan) { return plan.SecondFloorFramed == 1; },
-       {"(2-Flr. Joist)", "(Solid Bridging)"}},
-      {"garage",
-       [](const EstimateRecord& plan) { return plan.Combo26Index == 1; },
-       {"(Shoe, Garage)", "(Garage Studs)", "(Wallboard-Garage)"}},
-      {"carport or porch",
-       [](const EstimateRecord& plan) { return plan.Combo27Index == 1; },
-       {"(Furring Strips)", "(Porch/Carport)", "(Mull)"}},
-      {"brick", [](const EstimateRecord& plan) { return plan.Combo34Index == 1; }, {"(Brick Ties)", "(Freize Board)", "Gable Siding"}},
-      {"vinyl siding",
-       [](const EstimateRecord& plan) { return plan.Combo34Index == 5; },
-       {"(Vinyl Starter)", "(Exterior Siding)", "(OS Corners)"}},
-      {"lap or panel siding", [](const EstimateRecord&) { return false; }, {"(Exterior Sdg.)", "(Ext. Sdg.-1 Fl.)", "(Corner Boards)"}},
-      {"stick-framed roof", [](const EstimateRecord&) { return false; }, {"(Rafter)", "(Ridge)", "(Roof Bracing)"}},
-      {"oak floor", [](const EstimateRecord&) { return false; }, {"(Finish Flg.)"}},
-  };
-  return parts;
-}
+const std::vector<PartLabels> kParts = {
+    {"crawl space",
+     [](const EstimateRecord& plan) { return (plan.PlanType & kCrawlSpace) != 0; },
+     {"(Mud Sill)", "(Sill Sealer)", "(Box Sill)", "(Girders)", "(Ledger-Girders)", "(Flr. Joist)", "(Flr. I Joist)"}},
+    {"slab", [](const EstimateRecord& plan) { return (plan.PlanType & kSlab) != 0; }, {"(Shoe)", "(Shoe Ext wall)", "(Plates, Blk. Ext)"}},
+    {"second floor",
+     [](const EstimateRecord& plan) { return plan.SecondFloorType == 2; },
+     {"(Stair Stringers)", "(2-Flr. Joist)", "(Wall Studs Ext)", "(2nd Flr. Nails)", "(Wallboard-2fl.)", "(Base 2fl.)",
+      "(Flr. Truss Band)"}},
+    {"joisted second floor",
+     [](const EstimateRecord& plan) { return plan.SecondFloorFramed == 1; },
+     {"(2-Flr. Joist)", "(Solid Bridging)"}},
+    {"garage",
+     [](const EstimateRecord& plan) { return plan.Combo26Index == 1; },
+     {"(Shoe, Garage)", "(Garage Studs)", "(Wallboard-Garage)"}},
+    {"carport or porch",
+     [](const EstimateRecord& plan) { return plan.Combo27Index == 1; },
+     {"(Furring Strips)", "(Porch/Carport)", "(Mull)"}},
+    {"brick", [](const EstimateRecord& plan) { return plan.Combo34Index == 1; }, {"(Brick Ties)", "(Freize Board)", "Gable Siding"}},
+    {"vinyl siding",
+     [](const EstimateRecord& plan) { return plan.Combo34Index == 5; },
+     {"(Vinyl Starter)", "(Exterior Siding)", "(OS Corners)"}},
+    {"a choice of its own for another siding, roof or floor",
+     [](const EstimateRecord&) { return false; },
+     {"(Exterior Sdg.)", "(Ext. Sdg.-1 Fl.)", "(Corner Boards)", "(Rafter)", "(Ridge)", "(Roof Bracing)", "(Finish Flg.)"}},
+};
 
 TEST(NewPlan, OnItsDefaultsNothingMisleads) {
   Page page;
-  for (const int type : EveryPlanType()) {
+  for (const int type : PlanTypes()) {
     EstimateRecord plan = NewPlan(type);
     Measure(plan);
     page.Clear();
@@ -74,7 +56,7 @@ TEST(NewPlan, OnItsDefaultsNothingMisleads) {
       EXPECT_NE(Trim(line.description), "") << where;
       EXPECT_GE(line.quantity, 0) << where;
       EXPECT_NE(line.stock, nullptr) << where << " has no price under \"" << line.priceKey << "\"";
-      for (const PartLabels& part : Parts()) {
+      for (const PartLabels& part : kParts) {
         if (part.has(plan)) continue;
         for (const std::string_view label : part.labels) EXPECT_NE(line.label, label) << where << ", a plan without " << part.part;
       }

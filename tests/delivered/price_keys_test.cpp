@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "delivered/sample_house.h"
+#include "entry/entry_form.h"
 
 namespace norvale {
 namespace {
@@ -49,20 +50,6 @@ class AskedKeys {
   std::map<std::string, bool, std::less<>> keys_;  // and whether the price list has it
   std::map<std::string, std::string> where_;
 };
-
-// Every foundation, with each kind of half story where there are two levels, plain and with brick. A garage and a porch
-// add rows and take none away.
-std::vector<int> PlanTypes() {
-  std::vector<int> types;
-  for (const int foundation : {kOneStorySlab, kTwoLevelSlab, kOneStoryCrawl, kTwoLevelCrawl})
-    for (const int story : {0, kFieldFramedHalfStory, kAtticTrussHalfStory}) {
-      const bool twoLevels = (foundation & (kTwoLevelSlab | kTwoLevelCrawl)) != 0;
-      if (story != 0 && !twoLevels) continue;
-      for (const int brick : {0, kBrickVeneer}) types.push_back(foundation | story | brick | kAttachedGarage | kPorch);
-    }
-  types.push_back(kOneStorySlab | kDetachedGarage);
-  return types;
-}
 
 // Something in every box, so that no row is left out for want of a measure.
 EstimateRecord MeasuredEverywhere(int planType) {
@@ -121,13 +108,11 @@ void AskMeasures(AskedKeys& asked, int planType) {
                                    .LoadWallRun = 0};
         asked.Ask(plan);
       }
-  for (const int interior : {0, 160}) {
-    EstimateRecord plan = MeasuredEverywhere(planType);
-    plan.IntWallLftFirstFloor = plan.IntWallLftSecondFloor = static_cast<std::int16_t>(interior);
-    for (int bracing = 1; bracing <= 4; ++bracing) {
-      Choose(plan, 5, bracing);
-      asked.Ask(plan);
-    }
+  EstimateRecord plan = MeasuredEverywhere(planType);
+  plan.IntWallLftFirstFloor = plan.IntWallLftSecondFloor = 0;
+  for (int bracing = 1; bracing <= 4; ++bracing) {
+    Choose(plan, 5, bracing);
+    asked.Ask(plan);
   }
 }
 
@@ -136,6 +121,8 @@ AskedKeys EveryPlan() {
   const Lists trim = {0, 2, 4, 8, 9, 10, 11, 33, 35, 36, 37, 38, 39};
   AskedKeys made;
   for (const int type : PlanTypes()) {
+    // A garage and a porch add rows and take none away.
+    if ((type & kDetachedGarage) == 0 && (type & (kAttachedGarage | kPorch)) != (kAttachedGarage | kPorch)) continue;
     const bool brick = (type & kBrickVeneer) != 0;
     for (int finish = 1; finish <= (brick ? 1 : 5); ++finish) {
       EstimateRecord plan = MeasuredEverywhere(type);
