@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <QDeadlineTimer>
+#include <QFile>
 #include <QLibrary>
 #include <QProcess>
 #include <QStandardPaths>
@@ -50,34 +51,29 @@ class CupsTest : public testing::Test {
                                                 "/socket\nBrowsing Off\nDefaultAuthType None\n<Location />\nAllow all\n</Location>\n"
                                                 "<Policy default>\n<Limit All>\nOrder deny,allow\n</Limit>\n</Policy>\n");
     std::string files = "ServerRoot " + here + "/root\nServerBin " + here + "/bin\nRequestRoot " + here + "/spool\n";
-    for (const char* const folder : {"Temp", "Cache", "State"}) {
-      std::string name = folder;
-      name[0] = static_cast<char>(name[0] - 'A' + 'a');
-      files += std::string(folder) + "Dir " + here + "/" + name + "\n";
-    }
-    for (const char* const log : {"Access", "Error", "Page"}) files += std::string(log) + "Log " + here + "/log/" + log + "\n";
+    for (const char* const place :
+         {"TempDir /temp", "CacheDir /cache", "StateDir /state", "AccessLog /log/access", "ErrorLog /log/error", "PageLog /log/page"})
+      files += std::string(place).replace(std::string_view(place).find('/'), 0, here) + "\n";
     WriteBytes(scratch / "root/cups-files.conf", files);
 
-    const QString socket = QString::fromStdString(here + "/socket");
-    qputenv("CUPS_SERVER", socket.toLocal8Bit());
+    const QString folder = QString::fromStdString(here);
+    const QByteArray socket = QFile::encodeName(folder + QStringLiteral("/socket"));
+    qputenv("CUPS_SERVER", socket);
     if (const auto setServer = reinterpret_cast<void (*)(const char*)>(QLibrary::resolve(QStringLiteral("cups"), 2, "cupsSetServer")))
-      setServer(socket.toLocal8Bit().constData());
-    service_.start(daemon, {QStringLiteral("-f"), QStringLiteral("-c"), QString::fromStdString(here + "/root/cupsd.conf"),
-                            QStringLiteral("-s"), QString::fromStdString(here + "/root/cups-files.conf")});
+      setServer(socket.constData());
+    service_.start(daemon, QStringLiteral("-f -c %1/root/cupsd.conf -s %1/root/cups-files.conf").arg(folder).split(QLatin1Char(' ')));
     const QDeadlineTimer deadline(kPatience);
     while (!fs::exists(scratch / "socket")) {
       if (deadline.hasExpired() || service_.state() == QProcess::NotRunning) return "the print service does not start here";
       service_.waitForFinished(50);
     }
-    if (!Admin({QStringLiteral("-p"), QStringLiteral("paper"), QStringLiteral("-E"), QStringLiteral("-v"),
-                QString::fromStdString("keep:" + here + "/out"), QStringLiteral("-m"), QStringLiteral("raw")}))
-      return "the print service takes no queue here";
+    if (!Admin(QStringLiteral("-p paper -E -v keep:%1/out -m raw").arg(folder))) return "the print service takes no queue here";
     return {};
   }
 
-  bool Admin(const QStringList& words) {
+  bool Admin(const QString& words) {
     QProcess admin;
-    admin.start(lpadmin_, words);
+    admin.start(lpadmin_, words.split(QLatin1Char(' ')));
     return admin.waitForFinished(kPatience) && admin.exitStatus() == QProcess::NormalExit && admin.exitCode() == 0;
   }
 
@@ -119,8 +115,7 @@ TEST_F(CupsTest, PrintsWholeCopiesAndHearsARefusal) {
     EXPECT_THAT(job, HasSubstr("/Count 3"));
   }
 
-  ASSERT_TRUE(
-      Admin({QStringLiteral("-p"), QStringLiteral("paper"), QStringLiteral("-o"), QStringLiteral("printer-is-accepting-jobs=false")}));
+  ASSERT_TRUE(Admin(QStringLiteral("-p paper -o printer-is-accepting-jobs=false")));
   const PrintOutcome refused = PrintCopies(printers, document, 2, setup, nullptr);
   EXPECT_EQ(refused.end, PrintEnd::Failed);
   EXPECT_EQ(refused.copies, 0);

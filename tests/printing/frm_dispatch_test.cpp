@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QRadioButton>
 #include <QTreeWidget>
@@ -20,6 +21,7 @@
 namespace norvale {
 namespace {
 
+using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -71,12 +73,33 @@ TEST_F(PrintDispatchTest, EachKindShowsItsOwnFrames) {
   EXPECT_THAT(printers.jobs, IsEmpty());
 }
 
+// The plan's own customer stands on the paper, whoever was looked at last; a summary names the stock even without prices.
 TEST_F(PrintDispatchTest, EnterPrintsWhatIsTicked) {
+  StoreSamples();
+  session.CurrentCustomer = OnDisk(3);
   session.CurrentEstimate = NewPlan(4);
+  session.CurrentEstimate.CustomerNumber = 12;
   Measure(session.CurrentEstimate);
-  Print(PrintKind::Estimate, [](frmPrtSel&) { Key(Qt::Key_Return); });
+  for (const int list : {0, 1}) {
+    printers.jobs.clear();
+    Print(PrintKind::Estimate, [list](frmPrtSel& form) {
+      Type(form, "txtPrintCopies", "2");
+      Find(form, "chkPrtSel_4")->setFocus();
+      QApplication::processEvents();
+      Find<QComboBox>(form, "cboList")->setCurrentIndex(list);
+      Key(Qt::Key_Return);
+    });
+    ASSERT_THAT(printers.jobs, SizeIs(2));
+    EXPECT_THAT(DocumentText(printers.jobs[1]),
+                AllOf(HasSubstr("CUSTOMER NAME:  Smith & Oakley"), HasSubstr(list == 0 ? "1st FLOOR - FLOOR SYSTEM" : "  LBR-")));
+  }
+}
+
+TEST_F(PrintDispatchTest, ThePriceListIsPrintedFromItsPreview) {
+  const PriceList prices({PriceItem{"PLYCLIPS", "", {"1"}, ""}});
+  DriveModal<frmPreview>([&] { PrintPriceList(program, prices, nullptr, printers); }, [](frmPreview& form) { Click(form, "cmdPrint"); });
   ASSERT_THAT(printers.jobs, SizeIs(1));
-  EXPECT_THAT(DocumentText(printers.jobs[0]), HasSubstr("1st FLOOR - FLOOR SYSTEM"));
+  EXPECT_THAT(DocumentText(printers.jobs[0]), HasSubstr("PLYCLIPS"));
 }
 
 // A two-level house on a crawl space has every part. The headings on the page are the captions in capitals.
@@ -127,10 +150,10 @@ TEST_F(PrintDispatchTest, LinesWithoutAPriceAreListedBeforeTheyGoOut) {
     DriveModal<frmPreview>([&form] { Click(form, "cmdPreview"); },
                            [&](frmPreview& preview) {
                              EXPECT_EQ(preview.findChild<QLabel*>(QStringLiteral("lblMarks")) != nullptr, list->topLevelItemCount() > 0);
-                             Key(Qt::Key_Escape);
+                             Click(preview, "cmdPrint");
                            });
-    Key(Qt::Key_Escape);
   });
+  EXPECT_THAT(printers.jobs, SizeIs(1));
 }
 
 TEST_F(PrintDispatchTest, AFailedPrintBringsTheDialogBackAsItWas) {
@@ -161,17 +184,16 @@ TEST_F(PrintDispatchTest, AFailedPrintBringsTheDialogBackAsItWas) {
 TEST_F(PrintDispatchTest, AWorksheetNeedsAFoundation) {
   asked.Expect(WithTitle("0 Please Select a Valid PLAN TYPE.|"));
   Print(PrintKind::Worksheet, [](frmPrtSel& form) {
-    const auto ticked = [&form](std::size_t index) { return form.findChild<QCheckBox*>(InArray("chkPlanDesc", index))->isChecked(); };
     Click(form, "cmdPrintOK");
     EXPECT_EQ(Focus(), "chkPlanDesc_0");
-    QTest::keyClick(Find(form, "chkPlanDesc_10"), Qt::Key_Space);
-    EXPECT_FALSE(ticked(10)) << "a half story needs two levels";
-    QTest::keyClick(Find(form, "chkPlanDesc_0"), Qt::Key_Space);
-    QTest::keyClick(Find(form, "chkPlanDesc_3"), Qt::Key_Space);
-    EXPECT_FALSE(ticked(0)) << "one foundation clears the others";
-    QTest::keyClick(Find(form, "chkPlanDesc_10"), Qt::Key_Space);
-    EXPECT_TRUE(ticked(10));
-    QTest::keyClick(Find(form, "chkPlanDesc_4"), Qt::Key_Space);
+    // A half story needs two levels, and one foundation clears the others.
+    for (const auto& [pressed, ticked] : {std::pair{10, ""}, {0, "0"}, {3, "3"}, {10, "3 10"}, {4, "3 4 10"}}) {
+      QTest::keyClick(Find(form, InArray("chkPlanDesc", static_cast<std::size_t>(pressed)).toLatin1().constData()), Qt::Key_Space);
+      QStringList found;
+      for (std::size_t i = 0; i < kPlanChecks; ++i)
+        if (form.findChild<QCheckBox*>(InArray("chkPlanDesc", i))->isChecked()) found.append(QString::number(i));
+      EXPECT_EQ(found.join(QLatin1Char(' ')), QLatin1String(ticked)) << pressed;
+    }
     Find<QRadioButton>(form, "optWorkSheet_2")->click();
     Click(form, "cmdPrintOK");
   });
@@ -219,15 +241,17 @@ TEST_F(PrintDispatchTest, TheListsTakeTheirRange) {
 
 TEST_F(PrintDispatchTest, AWrongRangeIsRefusedWhereItIsTyped) {
   StoreSamples();
+  constexpr const char* kOutOfRange = "0 Valid Values range from 1 to 32767,  Please re-Enter a Valid Value|";
   const struct {
     const char* box;
     const char* typed;
     const char* message;
     const char* after;
   } rows[] = {
-      {"txtCustFrom", "0", "0 Valid Values range from 1 to 32767,  Please re-Enter a Valid Value|", "1"},
-      {"txtCustFrom", "32768", "0 Valid Values range from 1 to 32767,  Please re-Enter a Valid Value|", "1"},
-      {"txtCustTo", "x", "0 Valid Values range from 1 to 32767,  Please re-Enter a Valid Value|", "32767"},
+      {"txtCustFrom", "0", kOutOfRange, "1"},
+      {"txtCustFrom", "32768", kOutOfRange, "1"},
+      {"txtCustTo", "x", kOutOfRange, "32767"},
+      {"txtCustTo", "5", nullptr, "5"},
       {"txtCustTo", "4", "0 Value needs to be Equal To or Greater Than the print from value,  Please re-Enter a larger Value|", "4"},
       {"txtCustTo", "last", nullptr, "last"},
   };

@@ -28,10 +28,11 @@ class PrintOutTest : public DesktopTest {
  protected:
   bool Out(int copies) { return PrintOut(program, prints, copies, setup, printers, nullptr); }
 
-  /// Presses Cancel as soon as the progress is in sight, on a printer that takes its time.
+  /// Presses Cancel behind the first copy, once the progress is in sight, on a printer that takes its time.
   void CancelWhenShown() {
-    printers.onPage = [] {
+    printers.onPage = [this] {
       QThread::msleep(5);
+      if (printers.jobs.empty()) return;
       for (QWidget* const window : QApplication::topLevelWidgets())
         if (auto* const progress = qobject_cast<QProgressDialog*>(window); progress != nullptr && progress->isVisible())
           QTest::mouseClick(progress->findChild<QPushButton*>(), Qt::LeftButton);

@@ -3,9 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <map>
+#include <algorithm>
 
 #include "base/numbers.h"
+#include "base/text.h"
 #include "prices/delivered.h"
 
 namespace norvale {
@@ -113,30 +114,21 @@ TEST_F(OrderSummaries, PagesTurnBetweenStocksAndNothingIsCut) {
 }
 
 TEST(YardSections, HoldTheDeliveredStockAsItsNumbersDo) {
-  const std::map<std::string, YardSection> byNumber = {{"LBR", YardSection::FramingLumber},
-                                                       {"STD", YardSection::FramingLumber},
-                                                       {"TBR", YardSection::FramingLumber},
-                                                       {"TRT", YardSection::TreatedLumber},
-                                                       {"EWP", YardSection::EngineeredWood},
-                                                       {"SHT", YardSection::Panels},
-                                                       {"RFG", YardSection::Roofing},
-                                                       {"FLS", YardSection::Roofing},
-                                                       {"SDG", YardSection::Siding},
-                                                       {"VNL", YardSection::Siding},
-                                                       {"ALM", YardSection::Siding},
-                                                       {"BRD", YardSection::BoardsAndMoulding},
-                                                       {"MLD", YardSection::BoardsAndMoulding},
-                                                       {"TRM", YardSection::BoardsAndMoulding},
-                                                       {"GYP", YardSection::SheetrockAndFlooring},
-                                                       {"FLR", YardSection::SheetrockAndFlooring},
-                                                       {"HDW", YardSection::Hardware},
-                                                       {"NAL", YardSection::Hardware},
-                                                       {"INS", YardSection::Hardware},
-                                                       {"FLM", YardSection::Hardware},
-                                                       {"WRP", YardSection::Hardware},
-                                                       {"ADH", YardSection::Hardware}};
-  for (const PriceItem& item : DeliveredPrices().Items())
-    EXPECT_EQ(NameOf(YardSectionOf(item.PriceItemKey)), NameOf(byNumber.at(item.PriceItemSku.substr(0, 3)))) << item.PriceItemKey;
+  const std::pair<const char*, YardSection> byNumber[] = {{"LBR STD TBR", YardSection::FramingLumber},
+                                                          {"TRT", YardSection::TreatedLumber},
+                                                          {"EWP", YardSection::EngineeredWood},
+                                                          {"SHT", YardSection::Panels},
+                                                          {"RFG FLS", YardSection::Roofing},
+                                                          {"SDG VNL ALM", YardSection::Siding},
+                                                          {"BRD MLD TRM", YardSection::BoardsAndMoulding},
+                                                          {"GYP FLR", YardSection::SheetrockAndFlooring},
+                                                          {"HDW NAL INS FLM WRP ADH", YardSection::Hardware}};
+  for (const PriceItem& item : DeliveredPrices().Items()) {
+    const auto number = item.PriceItemSku.substr(0, 3);
+    const auto* const found = std::ranges::find_if(byNumber, [&](const auto& numbers) { return Has(numbers.first, number); });
+    ASSERT_NE(found, std::end(byNumber)) << number;
+    EXPECT_EQ(NameOf(YardSectionOf(item.PriceItemKey)), NameOf(found->second)) << item.PriceItemKey;
+  }
   EXPECT_EQ(YardSectionOf("GARDEN GNOME"), YardSection::Other);
 }
 
