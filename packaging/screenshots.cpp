@@ -10,6 +10,7 @@
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
@@ -47,7 +48,6 @@
 #include "shell/frm_restore.h"
 #include "shell/frm_start.h"
 #include "shell/status_line.h"
-#include "support/scratch_folder.h"
 
 namespace norvale {
 namespace {
@@ -269,8 +269,8 @@ int Run(QApplication& app, const QStringList& words) {
   QDir().mkpath(words[1]);
   Camera camera(words[1], ending);
 
-  const ScratchFolder scratch;
-  DataFolder folder(scratch.Path());
+  const QTemporaryDir scratch;
+  DataFolder folder(Typed(scratch.path()));
   Session session;
   NoMessages messages;
   LayDeliveredFiles(folder);
