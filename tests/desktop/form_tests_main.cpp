@@ -9,7 +9,7 @@
 
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("QT_SCALE_FACTOR", "1");  // sizes are compared in these tests
+  qputenv("QT_SCALE_FACTOR", "1");        // sizes are compared in these tests
   qputenv("CUPS_SERVER", "localhost:1");  // nothing is to come out of a printer
   testing::InitGoogleTest(&argc, argv);
   const norvale::ScratchFolder settings;  // not the user's own

@@ -39,15 +39,14 @@ TEST_F(frmRestoreTest, BringsTheChosenOneBackByKeys) {
   EXPECT_EQ(Row(form, 0), "03-14-2025|10:00|After the first change of the day|3|6|");
   EXPECT_EQ(Row(form, 1), "03-14-2025|08:00|At the start|3|5|");
   session.CustomerSearchText = "HILL";
-  Key(Qt::Key_Down);
   asked.Expect(kQuestion, Answer::No);
-  Key(Qt::Key_K, Qt::AltModifier);
+  Keys("<Down><Alt+K>");
   EXPECT_EQ(PlansOnDisk().size(), 6U);
 
   EXPECT_EQ(Focus(), "cmdRestore");
   asked.Expect(kQuestion, Answer::Yes);
   asked.Expect(Notice("The backup of 03-14-2025, 08:00 is back. What was on file before is in the list as well."));
-  Key(Qt::Key_Return);
+  Keys("<Return>");
   EXPECT_EQ(PlansOnDisk().size(), 5U);
   EXPECT_EQ(session.CustomerSearchText, "") << "the session is a fresh one";
   EXPECT_EQ(session.CurrentCustomer.CustomerName.Trimmed(), "Hill Homes");
@@ -57,19 +56,18 @@ TEST_F(frmRestoreTest, BringsTheChosenOneBackByKeys) {
   asked.Expect(Notice("Nothing has changed since the backup of " + Row(form, 0).substr(0, 10) + ", " + Row(form, 0).substr(11, 5) +
                       ". It holds all there is."));
   Click(form, "cmdBackUp");
-  Key(Qt::Key_Escape);
+  Keys("<Esc>");
   EXPECT_FALSE(form.isVisible());
 }
 
 TEST_F(frmRestoreTest, AFullDiskChangesNothing) {
   frmRestore form(program);
   ShowActive(form);
-  Key(Qt::Key_Down);
   const auto before = BytesOnDisk();
   disk.reason = "No space left on device";
   asked.Expect(kQuestion, Answer::Yes);
   asked.Expect(FileErrorNotice(FileError("NVdata01.idx.restored", disk.reason)));
-  Click(form, "cmdRestore");
+  Keys("<Down><Alt+K>");
   disk.reason.clear();
   EXPECT_EQ(BytesOnDisk(), before);
   EXPECT_EQ(session.CurrentCustomer.CustomerName.Trimmed(), "Hill Homes");

@@ -18,9 +18,6 @@
 #include <map>
 #include <random>
 
-#include "data/batch_store.h"
-#include "data/folder_check.h"
-#include "data/folder_start.h"
 #include "desktop/frm_keys.h"
 #include "desktop/frm_look.h"
 #include "desktop/frm_mbox.h"
@@ -28,6 +25,7 @@
 #include "prices/new_folder.h"
 #include "shell/frm_menu.h"
 #include "shell/frm_tasks.h"
+#include "support/data_fixture.h"
 #include "support/scratch_folder.h"
 
 namespace norvale {
@@ -158,23 +156,6 @@ class RandomOperator : public QObject {
   std::map<std::string, int> visits_;
 };
 
-CustomerRecord Person(std::int16_t number, std::string_view name) {
-  CustomerRecord customer;
-  customer.CustomerRecordNumber = number;
-  customer.CustomerName.Assign(name);
-  return customer;
-}
-
-EstimateRecord Plan(std::int16_t customer, std::string_view number, std::int16_t type) {
-  EstimateRecord plan;
-  plan.CustomerNumber = customer;
-  plan.PlanNumber.Assign(number);
-  plan.PlanDate.Assign("03-14-2026");
-  plan.PlanType = type;
-  plan.PriceLevel.Assign("1");
-  return plan;
-}
-
 int Run(int argc, char** argv) {
   const int operations = argc > 1 ? std::atoi(argv[1]) : 2000;
   const unsigned seed = argc > 2 ? static_cast<unsigned>(std::atoi(argv[2])) : 1;
@@ -192,9 +173,13 @@ int Run(int argc, char** argv) {
     ScreenMessages messages;
     LayDeliveredFiles(folder);
     (void)StartFolder(folder, session);
-    const std::vector customers = {Person(1, "Hill Homes"), Person(2, "Oak Street Builders")};
-    const std::vector plans = {Plan(1, "A", 1), Plan(2, "B", 8 + 16)};
-    StoreAll(folder, customers, plans);
+    std::vector plans = {PlanOf(1, "A"), PlanOf(2, "B")};
+    for (EstimateRecord& plan : plans) {
+      plan.PlanDate.Assign("03-14-2026");
+      plan.PlanType = static_cast<std::int16_t>(plan.CustomerNumber == 1 ? 1 : 8 + 16);
+      plan.PriceLevel.Assign("1");
+    }
+    StoreAll(folder, std::array{Customer(1, "Hill Homes"), Customer(2, "Oak Street Builders")}, plans);
     Program program{folder, session, messages};
     CalculatorPlace calculator;
     keys.SetCalculator([&program, &calculator](QWidget* control) { RunCalculator(program, control, calculator); });
