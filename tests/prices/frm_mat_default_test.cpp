@@ -9,7 +9,6 @@
 #include "desktop/desktop_fixture.h"
 #include "desktop/form_driver.h"
 #include "prices/delivered.h"
-#include "prices/printed_rafters.h"
 
 namespace norvale {
 namespace {
@@ -25,6 +24,9 @@ class frmMatDefaultTest : public DesktopTest {
   void Run(Drive drive) {
     frmMatDefault form(program);
     DriveModal<frmMatDefault>([&] { form.exec(); }, drive);
+  }
+  void Take(QWidget& form, const std::vector<Step>& steps) {
+    TakeSteps(steps, asked, [&form] { return Seen(form); });
   }
 
   // Lays the rows as "list text", a "*" before the text of a default.
@@ -52,19 +54,19 @@ class frmMatDefaultTest : public DesktopTest {
   }
   [[nodiscard]] std::string Bytes(std::string_view name) const { return ReadFileIfPresent(scratch / name).value_or("no file"); }
 
-  static std::string Label(QWidget& form, const char* name) { return Find<QLabel>(form, name)->text().toStdString(); }
-  static Texts Rows(QWidget& form) {
+  // The list and its rows, the default with a "*" before it; nothing once the form is closed.
+  static std::string Seen(QWidget& form) {
+    if (!form.isVisible()) return {};
     const auto* const combo = Find<QComboBox>(form, "cboSelDefault");
     const auto* const list = Find<QListWidget>(form, "lstComboLst");
-    Texts rows;
-    for (int i = 0; i < list->count(); ++i) {
-      rows.push_back(list->item(i)->text().toStdString());
-      EXPECT_EQ(combo->itemText(i).toStdString(), rows.back());
-    }
     EXPECT_EQ(combo->count(), list->count());
-    return rows;
+    std::string seen = Text(form, "lblListName") + ":";
+    for (int i = 0; i < list->count(); ++i) {
+      EXPECT_EQ(combo->itemText(i), list->item(i)->text());
+      seen += (i == combo->currentIndex() ? " *" : " ") + list->item(i)->text().toStdString() + (i + 1 < list->count() ? "," : "");
+    }
+    return seen;
   }
-  static std::string Default(QWidget& form) { return Find<QComboBox>(form, "cboSelDefault")->currentText().toStdString(); }
   static void ClickRow(QWidget& form, int row) {
     auto* const list = Find<QListWidget>(form, "lstComboLst");
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
@@ -75,54 +77,38 @@ class frmMatDefaultTest : public DesktopTest {
 
 TEST_F(frmMatDefaultTest, TheWalkShowsEveryListOnceAndStaysAtBothEnds) {
   Run([this](QWidget& form) {
-    Texts wanted;
-    Texts shown;
-    for (const ScreenLine& line : DeliveredScreenLines())
-      if (ListOfLine(line) && ListOfLine(line) != 28) wanted.push_back(CaptionName(line));
-    EXPECT_EQ(wanted.size(), 39U);
     Click(form, "cmdPREV");
-    EXPECT_EQ(Label(form, "lblHint"), "This is the first list.");
-    for (std::size_t i = 0; i < wanted.size(); ++i) {
-      shown.push_back(Label(form, "lblListName"));
-      EXPECT_EQ(Find<QListWidget>(form, "lstLists")->currentItem()->text().toStdString(), shown.back());
+    EXPECT_EQ(Text(form, "lblHint"), "This is the first list.");
+    for (const ScreenLine& line : DeliveredScreenLines()) {
+      if (!ListOfLine(line) || ListOfLine(line) == 28) continue;
+      EXPECT_EQ(Text(form, "lblListName"), CaptionName(line));
+      EXPECT_EQ(Find<QListWidget>(form, "lstLists")->currentItem()->text().toStdString(), CaptionName(line));
       Click(form, "cmdNEXT");
     }
-    EXPECT_EQ(shown, wanted);
-    EXPECT_EQ(Label(form, "lblListName"), "Height of panel siding");
-    Key(Qt::Key_P, Qt::AltModifier);
-    EXPECT_EQ(Label(form, "lblListName"), "Corner boards or vinyl corners");
-    Find<QListWidget>(form, "lstLists")->setFocus();
-    Keys("shoe");
-    EXPECT_EQ(Label(form, "lblListName"), "Shoe-plates");
-    EXPECT_THAT(Rows(form), ElementsAre("STANDARD & BETTER", "#2 & BETTER", "UTILITY & BETTER", "List End"));
-    EXPECT_EQ(Default(form), "STANDARD & BETTER");
-    asked.Expect(kCancelQuestion, Answer::Yes);
-    Key(Qt::Key_Escape);
+    EXPECT_EQ(Text(form, "lblListOf"), "List 39 of 39");
+    Keys("<Alt+P>");
+    EXPECT_EQ(Text(form, "lblListName"), "Corner boards or vinyl corners");
+    Find(form, "lstLists")->setFocus();
+    Take(form, {{"shoe", "Shoe-plates: *STANDARD & BETTER, #2 & BETTER, UTILITY & BETTER, List End"},
+                {"<Esc>", "", kCancelQuestion, Answer::Yes}});
   });
 }
 
 TEST_F(frmMatDefaultTest, ThePickedRowIsTheOnlyDefaultAndListEndIsNone) {
   Lay(small);
-  Run([](QWidget& form) {
+  Run([this](QWidget& form) {
     Find(form, "cboSelDefault")->setFocus();
-    Key(Qt::Key_Down);
-    Key(Qt::Key_Down);
-    EXPECT_EQ(Default(form), "SPF") << "by key";
+    Take(form, {{"", "Framing lumber species and grade: *SYP, SPF, List End"},
+                {"<Down><Down>", "Framing lumber species and grade: SYP, *SPF, List End"}});
     Find<QComboBox>(form, "cboSelDefault")->setCurrentIndex(2);
-    EXPECT_EQ(Default(form), "SPF") << "the shown row jumps back";
     ClickRow(form, 2);
-    EXPECT_EQ(Default(form), "SPF");
-    Click(form, "cmdNEXT");
+    Take(form, {{"", "Framing lumber species and grade: SYP, *SPF, List End"}, {"<Alt+N>", "Floor sheathing: OSB, *PLYWOOD, List End"}});
     ClickRow(form, 0);
-    EXPECT_EQ(Default(form), "OSB") << "by mouse";
-    Click(form, "cmdNEXT");
-    EXPECT_EQ(Default(form), "") << "a list may have none";
+    Take(form, {{"", "Floor sheathing: *OSB, PLYWOOD, List End"}, {"<Alt+N>", "Shoe-plates: STANDARD, List End"}});
     Find(form, "lstComboLst")->setFocus();
-    Key(Qt::Key_Down);
-    EXPECT_EQ(Default(form), "") << "looking is not picking";
-    Key(Qt::Key_Return);
-    EXPECT_EQ(Default(form), "STANDARD");
-    Click(form, "cmdSave");
+    Take(form, {{"<Down>", "Shoe-plates: STANDARD, List End"},  // looking is not picking
+                {"<Return>", "Shoe-plates: *STANDARD, List End"},
+                {"<Alt+S>", ""}});
   });
   EXPECT_THAT(RowsOnDisk(), ElementsAre("0 SYP", "0 *SPF", "0 List End", "1 *OSB", "1 PLYWOOD", "1 List End", "2 *STANDARD", "2 List End"));
 }
@@ -133,60 +119,37 @@ TEST_F(frmMatDefaultTest, ARowIsAddedBeforeListEndWhenItsBoxIsLeft) {
       "2 Floor sheathing\n\nThe take-off goes by the place of the rows in this list. A row that is added gets floor adhesive and no "
       "felt underlay, like every row from the third on.\n\nAdd \"FOAM\" all the same ?|Add Item";
   Run([&](QWidget& form) {
-    Click(form, "cmdNEXT");
-    asked.Expect(question, Answer::No);
-    Type(form, "txtAddItem", "FOAM");
-    Key(Qt::Key_Tab);
-    EXPECT_THAT(Rows(form), ElementsAre("OSB", "PLYWOOD", "List End"));
-    asked.Expect(question, Answer::Yes);
-    Type(form, "txtAddItem", "FOAM");
-    Click(form, "cmdNEXT");
-    EXPECT_EQ(Label(form, "lblListName"), "Shoe-plates") << "and the row is in the list for which it was typed";
-    Type(form, "txtAddItem", "  12345678901234567890");
+    Take(form, {{"<Alt+N><Alt+W>FOAM<Tab>", "Floor sheathing: OSB, *PLYWOOD, List End", question, Answer::No},
+                // The row goes to the list for which it was typed.
+                {"<Alt+W>FOAM<Alt+N>", "Shoe-plates: STANDARD, List End", question, Answer::Yes}});
+    Keys("<Alt+W>  12345678901234567890");
     EXPECT_FALSE(Find(form, "lblWidth")->font().bold());
     Keys("1");
-    EXPECT_EQ(Label(form, "lblWidth"), "21 characters: a plan keeps the first 20 only.");
-    Keys("2345");
-    Key(Qt::Key_Return);
-    EXPECT_EQ(Focus(), "cmdAddItem");
-    EXPECT_EQ(Text(form, "txtAddItem"), "");
-    EXPECT_THAT(Rows(form), ElementsAre("STANDARD", "1234567890123456789012", "List End"));
-    Type(form, "txtAddItem", "CAF");
-    Letter(QStringLiteral("\u00c9"));
-    Click(form, "cmdSave");
+    EXPECT_EQ(Text(form, "lblWidth"), "21 characters: a plan keeps the first 20 only.");
+    Take(form, {{"2345<Return>", "Shoe-plates: STANDARD, 1234567890123456789012, List End"}});
+    EXPECT_EQ(Focus() + Text(form, "txtAddItem"), "cmdAddItem");
+    Take(form, {{"<Alt+W>CAF\u00c9<Alt+P>", "Floor sheathing: OSB, *PLYWOOD, FOAM, List End"},
+                {"<Alt+W>FOAM<Alt+S>", "", question, Answer::Yes}});
   });
-  EXPECT_THAT(RowsOnDisk(), ElementsAre("0 *SYP", "0 SPF", "0 List End", "1 OSB", "1 *PLYWOOD", "1 FOAM", "1 List End", "2 STANDARD",
-                                        "2 1234567890123456789012", "2 CAF\xc9", "2 List End"));
+  EXPECT_THAT(RowsOnDisk(), ElementsAre("0 *SYP", "0 SPF", "0 List End", "1 OSB", "1 *PLYWOOD", "1 FOAM", "1 FOAM", "1 List End",
+                                        "2 STANDARD", "2 1234567890123456789012", "2 CAF\xc9", "2 List End"));
 }
 
 TEST_F(frmMatDefaultTest, WhatIsNoRowIsNotAdded) {
-  Run([this](QWidget& form) {
-    Click(form, "cmdNEXT");
-    Click(form, "cmdNEXT");
-    const Texts before = Rows(form);
-    Type(form, "txtAddItem", "   ");
-    Key(Qt::Key_Tab);
-    EXPECT_EQ(Label(form, "lblComboLst"), "List &Default");
-    EXPECT_TRUE(Find(form, "cboSelDefault")->isVisible() && Find(form, "lstComboLst")->isVisible());
-    for (const char* const text : {"List End", " list end"}) {
-      asked.Expect(Notice("\"List End\" closes each list and cannot be added as a row."));
-      Type(form, "txtAddItem", text);
-      Key(Qt::Key_Tab);
-    }
-    asked.Expect(Notice("The material lists cannot hold that character. Type it another way."));
-    Type(form, "txtAddItem", "OSB");
-    Letter(QStringLiteral("\u03a9"));
-    EXPECT_EQ(Text(form, "txtAddItem"), "OSB");
+  const std::string before = "Shoe-plates: *STANDARD & BETTER, #2 & BETTER, UTILITY & BETTER, List End";
+  const std::string isListEnd = Notice("\"List End\" closes each list and cannot be added as a row.");
+  Run([&](QWidget& form) {
+    Take(form, {{"<Alt+N><Alt+N><Alt+W>   <Tab>", before},
+                {"<Alt+W>List End<Tab>", before, isListEnd},
+                {"<Alt+W> list end<Tab>", before, isListEnd},
+                {"<Alt+W>OSB\u03a9", before, Notice("The material lists cannot hold that character. Type it another way.")}});
     asked.Expect(kCancelQuestion, Answer::No);
     SlowClick(form, "cmdCANCEL");
-    EXPECT_EQ(Rows(form), before) << "Cancel does not add first";
+    EXPECT_EQ(Seen(form), before) << "Cancel does not add first";
     EXPECT_EQ(Text(form, "txtAddItem") + " " + Focus(), "OSB txtAddItem");
-    Type(form, "txtAddItem", "");
-    Click(form, "cmdDelItem");
-    EXPECT_EQ(Rows(form), before);
-    EXPECT_THAT(Label(form, "lblHint"), testing::StartsWith("Rows cannot be removed"));
-    asked.Expect(kCancelQuestion, Answer::Yes);
-    form.close();
+    Take(form, {{"<Ctrl+A><Del><Alt+D>", before}});
+    EXPECT_THAT(Text(form, "lblHint"), testing::StartsWith("Rows cannot be removed"));
+    Take(form, {{kCloseWindow, "", kCancelQuestion, Answer::Yes}});
   });
   EXPECT_EQ(Bytes(kMaterialFileName), DeliveredMaterialFile());
   EXPECT_EQ(Bytes(kMaterialBackupName), "no file");
@@ -195,33 +158,20 @@ TEST_F(frmMatDefaultTest, WhatIsNoRowIsNotAdded) {
 TEST_F(frmMatDefaultTest, ASaveMendsTheListsAndKeepsTheFileFromBefore) {
   Lay({"0 *SYP", "0  ", "0 SPF", "0 List End", "28 *NO", "2 STANDARD", "1 OSB", "2 #2", "2 List End", "2 behind"});
   const std::string first = Bytes(kMaterialFileName);
-  Run([](QWidget& form) {
-    EXPECT_THAT(Rows(form), ElementsAre("SYP", "", "SPF", "List End"));
-    Click(form, "cmdNEXT");
-    EXPECT_THAT(Rows(form), ElementsAre("OSB", "List End")) << "supplied";
-    Click(form, "cmdNEXT");
-    EXPECT_THAT(Rows(form), ElementsAre("STANDARD", "#2", "List End")) << "as the screens read it";
-    Click(form, "cmdSave");
+  disk.reason = "No space left on device";
+  const std::string isFull = FileErrorNotice(FileError("NVdata02.idx.new", disk.reason));
+  Run([&](QWidget& form) {
+    Take(form, {{"", "Framing lumber species and grade: *SYP, , SPF, List End"},
+                {"<Alt+N>", "Floor sheathing: OSB, List End"},       // supplied
+                {"<Alt+N>", "Shoe-plates: STANDARD, #2, List End"},  // as the screens read it
+                {"<Alt+S>", "Shoe-plates: STANDARD, #2, List End", isFull}});
+    EXPECT_EQ(Bytes(kMaterialFileName) + Bytes(kMaterialBackupName), first + "no file");
+    disk.reason.clear();
+    Take(form, {{"<Alt+S>", ""}});
   });
   EXPECT_THAT(RowsOnDisk(),
               ElementsAre("0 *SYP", "0 SPF", "0 List End", "2 STANDARD", "1 OSB", "1 List End", "2 #2", "2 List End", "2 behind"));
   EXPECT_EQ(Bytes(kMaterialBackupName), first);
-  const std::string second = Bytes(kMaterialFileName);
-  Run([](QWidget& form) {
-    ClickRow(form, 1);
-    Click(form, "cmdSave");
-  });
-  EXPECT_EQ(Bytes(kMaterialBackupName), second) << "the result of the first save";
-  Run([&](QWidget& form) {
-    ClickRow(form, 0);
-    disk.reason = "No space left on device";
-    asked.Expect(FileErrorNotice(FileError("NVdata02.idx.new", disk.reason)));
-    Click(form, "cmdSave");
-    EXPECT_EQ(Bytes(kMaterialBackupName), second);
-    disk.reason.clear();
-    Click(form, "cmdSave");
-  });
-  EXPECT_THAT(RowsOnDisk(), testing::Contains("0 *SYP"));
 }
 
 TEST_F(frmMatDefaultTest, UnusableFilesAreLeftAlone) {
@@ -237,27 +187,6 @@ TEST_F(frmMatDefaultTest, UnusableFilesAreLeftAlone) {
   std::filesystem::remove(scratch / kMaterialFileName);
   EXPECT_THROW(frmMatDefault{program}, FileError);
   EXPECT_EQ(Bytes(kMaterialFileName), "no file") << "a backup beside it may be the only copy";
-}
-
-TEST_F(frmMatDefaultTest, ASavedRowIsInTheNextPrint) {
-  Lay({"0 #2 SYP", "0 #2 SPF", "0 #2 HEM-FIR", "0 List End"});
-  const Texts before = PrintedRafters(scratch.Path());
-  const std::string question =
-      "2 Framing lumber species and grade\n\nThe take-off goes by the place of the rows in this list. A row that is added is not known to "
-      "the roof calculator, which goes by the first four rows.\n\nAdd \"#1 CEDAR\" all the same ?|Add Item";
-  for (const bool isSaved : {false, true}) {
-    asked.Expect(question, Answer::Yes);
-    if (!isSaved) asked.Expect(kCancelQuestion, Answer::Yes);
-    Run([&](QWidget& form) {
-      Type(form, "txtAddItem", "#1 CEDAR");
-      Key(Qt::Key_Tab);
-      Click(form, isSaved ? "cmdSave" : "cmdCANCEL");
-    });
-    if (!isSaved) {
-      EXPECT_EQ(PrintedRafters(scratch.Path()), before);
-    }
-  }
-  EXPECT_THAT(PrintedRafters(scratch.Path()), ElementsAre(testing::HasSubstr("#1 CEDAR")));
 }
 
 }  // namespace

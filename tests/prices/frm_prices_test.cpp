@@ -11,6 +11,7 @@
 
 #include "desktop/desktop_fixture.h"
 #include "desktop/form_driver.h"
+#include "desktop/frm_look.h"
 #include "desktop/frm_mbox.h"
 #include "prices/frm_price_preview.h"
 #include "prices/frm_price_table.h"
@@ -18,10 +19,11 @@
 namespace norvale {
 namespace {
 
-using testing::ElementsAre;
+using testing::HasSubstr;
 
 constexpr const char* kCancel = "2 Cancel All Price File Changes and Exit ?|CANCEL PRICE EDIT";
 constexpr const char* kPrint = "3 This printout is over 60 pages long!!   Press OK to print, cancel to abort!|PRINT ITEM PRICING LIST";
+const std::string kTooLong = Notice("The price 12345678.00 is too long for the price file, which has room for 7 digits before the point.");
 
 std::string Padded(std::string text, std::size_t width) {
   text.resize(width, ' ');
@@ -41,9 +43,9 @@ class frmPricesTest : public DesktopTest {
   const std::vector<std::string> lines = {Line("2X4- 8 STUD", "STUD-100", {"3.50", "3.3", "", "abc", "12.345"}, "kiln dried"),
                                           Line("A & B & C", "STUD", {"1", "2", "3", "4", "5"}, ""),
                                           Padded("FELT", 35) + Padded("FLT", 20) + "12.50     13.5\n", "2X4- 10 SPF"};
+  const std::string whole = lines[0] + lines[1] + lines[2] + lines[3];
 
-  void SetUp() override { WritePrices(lines[0] + lines[1] + lines[2] + lines[3]); }
-  void WritePrices(const std::string& bytes) const { WriteBytes(scratch / "NVdata03.db", bytes); }
+  void SetUp() override { WriteBytes(scratch / "NVdata03.db", whole); }
   [[nodiscard]] std::string OnDisk() const { return ReadBytes(scratch / "NVdata03.db"); }
 
   // Opens the form and drives it until it closes.
@@ -52,136 +54,126 @@ class frmPricesTest : public DesktopTest {
     frmPrices form(program, [this](const PriceList& list, QWidget*) { printed.push_back(list.Items()); });
     DriveModal<frmPrices>([&] { form.exec(); }, drive);
   }
-  // The same, left by Save.
-  template <typename Drive>
-  void Save(Drive drive) {
-    Run([&](frmPrices& form) {
-      drive(form);
-      Click(form, "cmdSave");
-    });
+  // The same with steps alone, of which the last one closes it.
+  void Walk(const std::vector<Step>& steps) {
+    Run([&](QWidget& form) { TakeSteps(steps, asked, [&form] { return Seen(form); }); });
   }
-  template <typename Drive>
-  static void InTable(frmPrices& form, Drive drive) {
-    DriveModal<frmPriceTable>([&] { Click(form, "cmdTable"); },
-                              [&](frmPriceTable& table) {
-                                drive(table);
-                                Click(table, "cmdClose");
-                              });
+  // The item and what stands in the control that has the focus; nothing once it is closed.
+  static std::string Seen(QWidget& form) {
+    return form.isVisible() ? Text(form, "lblDesc") + " " + Focus() + "=" + Text(form, Focus().c_str()) : std::string();
   }
-  void Abandon(frmPrices& form) {
-    asked.Expect(kCancel, Answer::Yes);
-    Click(form, "cmdCANCEL");
-  }
-  static std::string Item(QWidget& form) { return Find<QLabel>(form, "lblDesc")->text().toStdString(); }
-
   static void Paste(QWidget& form, const char* box, const char* text) {
     QApplication::clipboard()->setText(QString::fromUtf8(text));
-    Find<QLineEdit>(form, box)->setFocus();
-    Find<QLineEdit>(form, box)->selectAll();
-    Key(Qt::Key_V, Qt::ControlModifier);
+    Type(form, box, "<Ctrl+V>");
   }
-  // Goes to a cell of the table by its row and column as they are shown.
-  static void GoTo(frmPriceTable& form, int row, PriceColumn column) {
+
+  template <typename Drive>
+  static void InTable(frmPrices& form, Drive drive) {
+    const auto driveAndClose = [&](frmPriceTable& table) {
+      drive(table);
+      Click(table, "cmdClose");
+    };
+    DriveModal<frmPriceTable>([&] { Click(form, "cmdTable"); }, driveAndClose);
+  }
+  // Goes to a cell of the table by its row and column as they are shown, and types.
+  static void TypeInto(frmPriceTable& form, int row, PriceColumn column, const char* keys) {
     auto* const table = Find<QTableView>(form, "tblPrices");
     table->setFocus();
     table->setCurrentIndex(table->model()->index(row, static_cast<int>(column)));
+    Keys(keys);
   }
-  static std::string Cell(frmPriceTable& form, int row, PriceColumn column) {
-    return Find<QTableView>(form, "tblPrices")->model()->index(row, static_cast<int>(column)).data().toString().toStdString();
+  static std::string Cell(QWidget& form, const char* table, int row, int column) {
+    return Find<QTableView>(form, table)->model()->index(row, column).data().toString().toStdString();
   }
-  void Import(frmPriceTable& table, const std::string& csv, const std::function<void(frmPricePreview&)>& drive) {
-    WriteBytes(scratch / "update.csv", csv);
-    const auto pickFile = [&](QFileDialog& dialog) {
-      dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QString::fromStdString((scratch / "update.csv").string()));
-      Key(Qt::Key_Return);
-    };
-    DriveModal<frmPricePreview>([&] { DriveModal<QFileDialog>([&] { Click(table, "cmdImport"); }, pickFile); }, drive);
+  // The first two prices of each row that is shown.
+  static std::string Prices(frmPriceTable& form) {
+    std::string prices;
+    for (int row = 0; row < Find<QTableView>(form, "tblPrices")->model()->rowCount(); ++row)
+      prices += Cell(form, "tblPrices", row, 2) + " " + Cell(form, "tblPrices", row, 3) + ", ";
+    return prices;
+  }
+  static void Tick(QWidget& form, const char* box) {
+    Find(form, box)->setFocus();
+    Keys("<Space>");
+  }
+  // Presses the button and picks the file in the dialog that it opens.
+  void PickFile(frmPriceTable& table, const char* button, const char* file) {
+    DriveModal<QFileDialog>([&] { Click(table, button); },
+                            [&](QFileDialog& dialog) {
+                              const std::string path = (scratch / file).string();
+                              dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QString::fromStdString(path));
+                              Keys("<Return>");
+                            });
   }
 
   std::vector<std::vector<PriceItem>> printed;
 };
 
-TEST_F(frmPricesTest, ShowsAnItemAndWalksAround) {
-  Run([this](frmPrices& form) {
-    const char* const boxes[] = {"txtInum", "txtprices_0", "txtprices_1", "txtprices_2", "txtprices_3", "txtprices_4", "txtdescnew"};
-    std::vector<std::string> shown;
-    for (const char* const box : boxes) shown.push_back(Text(form, box));
-    EXPECT_THAT(shown, ElementsAre("STUD-100", "3.50", "3.30", "0.00", "0.00", "12.35", "kiln dried"));
-    // Enter runs through the boxes and on to the next item.
-    for (std::size_t i = 1; i < std::size(boxes); ++i) {
-      Key(Qt::Key_Return);
-      EXPECT_EQ(Focus(), boxes[i]);
-    }
-    Key(Qt::Key_Return);
-    EXPECT_EQ(Focus(), "cmdNEXT");
-    Key(Qt::Key_Return);
-    EXPECT_EQ(Item(form), "A && B & C") << "only the first one is doubled";
-    EXPECT_EQ(Find(form, "lblDesc")->accessibleName().toStdString(), "A & B & C");
-    Click(form, "cmdPREV");
-    Click(form, "cmdPREV");
-    EXPECT_EQ(Item(form), "2X4- 10 SPF");
-    Key(Qt::Key_N, Qt::AltModifier);
-    EXPECT_EQ(Item(form), "2X4- 8 STUD");
-    Find(form, "txtprices_2")->setFocus();
-    Key(Qt::Key_PageUp);
-    Key(Qt::Key_PageUp);
-    EXPECT_EQ(Item(form), "FELT");
-    EXPECT_EQ(Focus(), "txtprices_2");
-    Abandon(form);
-  });
-  EXPECT_EQ(OnDisk(), lines[0] + lines[1] + lines[2] + lines[3]);
+TEST_F(frmPricesTest, EnterWalksThroughTheBoxesAndOnToTheNextItem) {
+  Walk({{"", "2X4- 8 STUD txtInum=STUD-100"},
+        {"<Return>", "2X4- 8 STUD txtprices_0=3.50"},
+        {"<Return>", "2X4- 8 STUD txtprices_1=3.30"},
+        {"<Return>", "2X4- 8 STUD txtprices_2=0.00"},
+        {"<Return>", "2X4- 8 STUD txtprices_3=0.00"},
+        {"<Return>", "2X4- 8 STUD txtprices_4=12.35"},
+        {"<Return>", "2X4- 8 STUD txtdescnew=kiln dried"},
+        {"<Return>", "2X4- 8 STUD cmdNEXT=&Next  >>"},
+        {"<Return>", "A && B & C cmdNEXT=&Next  >>"},  // only the first one is doubled
+        {"<PgUp><PgUp>", "2X4- 10 SPF cmdNEXT=&Next  >>"},
+        {"<Alt+N><Backtab><Backtab>", "2X4- 8 STUD txtprices_4=12.35"},
+        {"<PgUp><PgUp>", "FELT txtprices_4=0.00"},
+        {"<Esc>", "FELT txtprices_4=0.00", kCancel, Answer::No},
+        {"<Alt+C>", "", kCancel, Answer::Yes}});
+  EXPECT_EQ(OnDisk(), whole);
 }
 
 TEST_F(frmPricesTest, PricesTypedPastedAndLeft) {
   const struct {
-    const char* typed;
-    const char* pasted;
+    bool isPasted;
+    const char* text;
     const char* left;
   } rows[] = {
-      {"12.5", nullptr, "12.50"},   {"abc-7,5x", nullptr, "75.00"}, {"1.2.3", nullptr, "1.20"},
-      {"", nullptr, "0.00"},        {"12.345", nullptr, "12.35"},   {"12345678", nullptr, "1234567.00"},
-      {nullptr, "abc", "0.00"},     {nullptr, "$5", "0.00"},        {nullptr, "-4 each", "-4.00"},
-      {nullptr, " 6.005 ", "6.01"}, {nullptr, "1e3", "1000.00"},    {nullptr, "9999999.99", "9999999.99"},
+      {false, "12.5", "12.50"},
+      {false, "abc-7,5x", "75.00"},
+      {false, "1.2.3", "1.20"},
+      {false, "", "0.00"},
+      {false, "12.345", "12.35"},
+      {false, "12345678", "1234567.00"},
+      {false, "1234567.891", "1234567.89"},
+      {true, "abc", "0.00"},
+      {true, "$5", "0.00"},
+      {true, "-4 each", "-4.00"},
+      {true, " 6.005 ", "6.01"},
+      {true, "1e3", "1000.00"},
+      {true, "9999999.99", "9999999.99"},
   };
   Run([&](frmPrices& form) {
     for (const auto& row : rows) {
-      if (row.typed != nullptr)
-        Type(form, "txtprices_1", row.typed);
-      else
-        Paste(form, "txtprices_1", row.pasted);
-      Key(Qt::Key_Tab);
-      EXPECT_EQ(Text(form, "txtprices_1"), row.left) << (row.typed != nullptr ? row.typed : row.pasted);
+      row.isPasted ? Paste(form, "txtprices_1", row.text) : Type(form, "txtprices_1", row.text);
+      Keys("<Tab>");
+      EXPECT_EQ(Text(form, "txtprices_1"), row.left) << row.text;
     }
     // One that has no room is told, wherever one goes with it, and never cut.
-    const char* const tooLong =
-        "0 The price 12345678.00 is too long for the price file, which has room for 7 digits before the point.|Norvale Help Notice";
     Paste(form, "txtprices_1", "12345678");
-    asked.Expect(tooLong);
-    Key(Qt::Key_Tab);
-    EXPECT_TRUE(QTest::qWaitFor([] { return Focus() == "txtprices_1"; }, kLongestWait)) << Focus();
-    asked.ExpectAllAsked();
+    TakeSteps({{"<Tab>", "2X4- 8 STUD txtprices_1=12345678", kTooLong}}, asked, [&] { return Seen(form); });
     for (const char* const button : {"cmdNEXT", "cmdPREV", "cmdFind", "cmdprint", "cmdTable", "cmdSave"}) {
-      asked.Expect(tooLong);
+      asked.Expect(kTooLong);
       Click(form, button);
       asked.ExpectAllAsked();
-      EXPECT_EQ(Focus(), "txtprices_1");
+      EXPECT_EQ(Seen(form), "2X4- 8 STUD txtprices_1=12345678");
     }
-    EXPECT_EQ(Item(form), "2X4- 8 STUD");
-    Abandon(form);
+    asked.Expect(kCancel, Answer::Yes);
+    form.close();
   });
 }
 
 TEST_F(frmPricesTest, TextsThatHaveNoRoomAreRefusedWhole) {
-  Save([this](frmPrices& form) {
-    Type(form, "txtInum", "12345678901234567890X");
-    EXPECT_EQ(Text(form, "txtInum"), "12345678901234567890");
-    asked.Expect("0 Optional description takes 25 characters. The text is 26 long and is not taken.|Norvale Help Notice");
-    Paste(form, "txtdescnew", "abcdefghijklmnopqrstuvwxyz");
-    EXPECT_EQ(Text(form, "txtdescnew"), "kiln dried");
-    asked.Expect("0 The price file cannot hold that character. Type it another way.|Norvale Help Notice");
-    Letter(QStringLiteral("\u03a9"));
-    Paste(form, "txtdescnew", "caf\xC3\xA9 abcdefghijklmnopqrst");
-  });
+  QApplication::clipboard()->setText(QStringLiteral("abcdefghijklmnopqrstuvwxyz"));
+  const std::string tooLong = Notice("Optional description takes 25 characters. The text is 26 long and is not taken.");
+  Walk({{"<Ctrl+A>12345678901234567890X", "2X4- 8 STUD txtInum=12345678901234567890"},
+        {"<Tab><Tab><Tab><Tab><Tab><Tab><Ctrl+V>", "2X4- 8 STUD txtdescnew=kiln dried", tooLong},
+        {"\u03a9", "2X4- 8 STUD txtdescnew=kiln dried", Notice("The price file cannot hold that character. Type it another way.")},
+        {"<Ctrl+A>caf\u00e9 abcdefghijklmnopqrst<Alt+S>", ""}});
   EXPECT_EQ(OnDisk(),
             Line("2X4- 8 STUD", "12345678901234567890", {"3.50", "3.30", "0.00", "0.00", "12.35"}, "caf\xE9 abcdefghijklmnopqrst") +
                 lines[1] + lines[2] + lines[3]);
@@ -189,114 +181,50 @@ TEST_F(frmPricesTest, TextsThatHaveNoRoomAreRefusedWhole) {
 
 TEST_F(frmPricesTest, SaveKeepsTheBytesOfItemsThatWereNotShown) {
   const std::string first = Line("2X4- 8 STUD", "STUD-100", {"3.50", "3.30", "0.00", "0.00", "12.35"}, "kiln dried");
-  Save([](frmPrices&) {});
+  disk.reason = "No space left on device";
+  const std::string isFull = FileErrorNotice(FileError("NVdata03.db.new", disk.reason));
+  Run([&](frmPrices& form) {
+    TakeSteps({{"<Alt+S>", "2X4- 8 STUD cmdSave=&Save / Exit", isFull}}, asked, [&] { return Seen(form); });
+    EXPECT_EQ(OnDisk(), whole);
+    disk.reason.clear();
+    Keys("<Return>");
+  });
   EXPECT_EQ(OnDisk(), first + lines[1] + lines[2] + lines[3]);
   // The short line is told of before it is shown, and written in full after it was.
-  Save([](frmPrices& form) {
-    auto* const warning = Find<QLabel>(form, "lblWarning");
-    EXPECT_THAT(warning->text().toStdString(), testing::HasSubstr("items 3, 4."));
-    Click(form, "cmdNEXT");
-    Click(form, "cmdNEXT");
-    EXPECT_THAT(warning->text().toStdString(), testing::HasSubstr("12.50     13.5"));
+  Run([](frmPrices& form) {
+    EXPECT_THAT(Text(form, "lblWarning"), HasSubstr("items 3, 4."));
+    Keys("<PgDown><PgDown>");
+    EXPECT_THAT(Text(form, "lblWarning"), HasSubstr("12.50     13.5"));
     EXPECT_EQ(Text(form, "txtdescnew"), "");
-    Type(form, "txtInum", "  F1 ");
+    Type(form, "txtInum", "  F1 <Alt+S>");
   });
   const std::string second = Line("A & B & C", "STUD", {"1.00", "2.00", "3.00", "4.00", "5.00"}, "");
   EXPECT_EQ(OnDisk(), first + second + Line("FELT", "F1", {"12.50", "13.50", "0.00", "0.00", "0.00"}, "") + lines[3]);
 }
 
-TEST_F(frmPricesTest, AFullDiskLosesNothing) {
+TEST_F(frmPricesTest, FindsBySkuAndByWordsOfTheDescription) {
   Run([this](frmPrices& form) {
-    Type(form, "txtInum", "NEW");
-    disk.reason = "No space left on device";
-    asked.Expect(
-        "0 The last step could not be finished, and nothing that was on file is lost.\n\nNVdata03.db.new: No space left on device|Norvale "
-        "Help Notice");
-    Click(form, "cmdSave");
-    asked.ExpectAllAsked();
-    EXPECT_EQ(OnDisk(), lines[0] + lines[1] + lines[2] + lines[3]);
-    EXPECT_EQ(Text(form, "txtInum"), "NEW");
-    disk.reason.clear();
-    Click(form, "cmdSave");
+    const auto see = [&form] { return (Find(form, "lblmsgfind")->isVisible() ? "Find: " : "") + Seen(form); };
+    TakeSteps({{"<Alt+N><Alt+F>", "Find: A && B & C txtInum="}}, asked, see);
+    EXPECT_EQ(Text(form, "lblmsgfind"), "Type in the SKU to find then press  <Enter> to locate.");
+    for (const char* const box : {"txtprices_0", "txtprices_4", "txtdescnew"}) EXPECT_FALSE(Find(form, box)->isEnabled()) << box;
+    for (const char* const button : {"cmdNEXT", "cmdprint", "cmdSave", "cmdCANCEL"})
+      EXPECT_FALSE(Find(form, button)->isVisible()) << button;
+    TakeSteps({{"STUD<Return>", "2X4- 8 STUD txtprices_0=3.50"},  // a longer one ahead of the exact one
+               {"<Alt+F>FLT<Enter>", "FELT txtprices_0=12.50"},
+               {"<Backtab><Ctrl+A>KEPT<Alt+F>flt<Return>", "FELT txtInum=KEPT"},  // case counts; nothing says that it failed
+               {"<Alt+F><Return>", "FELT txtInum=KEPT"},
+               {"<Alt+F>STUD<Esc>", "FELT txtInum=KEPT"},
+               {"<Alt+F>STUD<Tab>", "2X4- 8 STUD txtprices_0=3.50"},  // to the other box, but an SKU is typed
+               {"<Alt+F><Tab>2x4<Return>", "2X4- 10 SPF txtprices_0=0.00"},
+               {"<Alt+F><Tab>2x4<Return>", "2X4- 8 STUD txtprices_0=3.50"},
+               {"<Alt+F><Tab>stud 2x4<Return>", "2X4- 8 STUD txtprices_0=3.50"},
+               {"<Alt+F><Tab>no such<Return>", "2X4- 8 STUD txtInum=STUD-100"}},
+              asked, see);
+    EXPECT_EQ(Text(form, "lblWarning"), "No description holds “no such”.");
+    Keys("<Alt+S>");
   });
-  EXPECT_THAT(OnDisk(), testing::HasSubstr("2X4- 8 STUD                        NEW     "));
-}
-
-TEST_F(frmPricesTest, CancelAsks) {
-  Run([this](frmPrices& form) {
-    Type(form, "txtprices_0", "99");
-    for (const bool byKey : {false, true}) {
-      asked.Expect(kCancel, Answer::No);
-      byKey ? Key(Qt::Key_Escape) : Click(form, "cmdCANCEL");
-      asked.ExpectAllAsked();
-      EXPECT_TRUE(form.isVisible());
-    }
-    EXPECT_EQ(Text(form, "txtprices_0"), "99.00");
-    asked.Expect(kCancel, Answer::Yes);
-    form.close();
-    EXPECT_FALSE(form.isVisible());
-  });
-  EXPECT_EQ(OnDisk(), lines[0] + lines[1] + lines[2] + lines[3]);
-}
-
-TEST_F(frmPricesTest, FindsTheFirstSkuThatHoldsTheText) {
-  const struct {
-    const char* from;
-    const char* typed;
-    Qt::Key end;
-    const char* item;
-    const char* focus;
-  } rows[] = {
-      {"cmdNEXT", "STUD", Qt::Key_Return, "2X4- 8 STUD", "txtprices_0"},  // a longer one ahead of the exact one
-      {"cmdPREV", "FLT", Qt::Key_Enter, "FELT", "txtprices_0"},
-      {"cmdNEXT", "flt", Qt::Key_Return, "A && B & C", "txtInum"},  // case counts; nothing says that it failed
-      {"cmdNEXT", "", Qt::Key_Return, "A && B & C", "txtInum"},
-      {"cmdNEXT", "FLT", Qt::Key_Escape, "A && B & C", "txtInum"},
-      {"cmdNEXT", "FLT", Qt::Key_Tab, "FELT", "txtprices_0"},  // to the other box, but an SKU is typed
-  };
-  for (const auto& row : rows)
-    Run([&](frmPrices& form) {
-      Click(form, row.from);
-      auto* const hint = Find<QLabel>(form, "lblmsgfind");
-      EXPECT_FALSE(hint->isVisible());
-      Click(form, "cmdFind");
-      EXPECT_EQ(hint->text(), QStringLiteral("Type in the SKU to find then press  <Enter> to locate."));
-      EXPECT_TRUE(hint->isVisible());
-      EXPECT_EQ(Focus() + Text(form, "txtInum"), "txtInum");
-      for (const char* const box : {"txtprices_0", "txtprices_4", "txtdescnew"}) EXPECT_FALSE(Find(form, box)->isEnabled()) << box;
-      for (const char* const button : {"cmdNEXT", "cmdPREV", "cmdprint", "cmdSave", "cmdCANCEL"})
-        EXPECT_FALSE(Find(form, button)->isVisible()) << button;
-      Keys(row.typed);
-      Key(row.end);
-      EXPECT_TRUE(QTest::qWaitFor([&] { return !hint->isVisible(); }, kLongestWait)) << row.typed;
-      EXPECT_EQ(Item(form), row.item) << row.typed;
-      EXPECT_EQ(Focus(), row.focus) << row.typed;
-      EXPECT_NE(Text(form, "txtInum"), "") << row.typed;
-      EXPECT_TRUE(Find(form, "txtdescnew")->isEnabled() && Find(form, "cmdSave")->isVisible());
-      Abandon(form);
-    });
-}
-
-TEST_F(frmPricesTest, FindsByWordsOfTheDescriptionAndGoesOn) {
-  Save([](frmPrices& form) {
-    const auto find = [&](const char* words) {
-      Click(form, "cmdFind");
-      Key(Qt::Key_Tab);
-      EXPECT_EQ(Focus(), "txtFindText");
-      Keys(words);
-      Key(Qt::Key_Return);
-    };
-    Type(form, "txtInum", "KEPT");
-    find("2x4");
-    EXPECT_EQ(Item(form), "2X4- 10 SPF");
-    find("stud 2x4");
-    EXPECT_EQ(Item(form), "2X4- 8 STUD");
-    EXPECT_EQ(Text(form, "txtInum"), "KEPT");
-    find("no such");
-    EXPECT_EQ(Item(form), "2X4- 8 STUD");
-    EXPECT_EQ(Find<QLabel>(form, "lblWarning")->text(), QStringLiteral("No description holds “no such”."));
-  });
-  EXPECT_TRUE(OnDisk().starts_with(Padded("2X4- 8 STUD", 35) + "KEPT ")) << "a search keeps what was typed before it";
+  EXPECT_THAT(OnDisk(), HasSubstr(Padded("FELT", 35) + "KEPT ")) << "a search keeps what was typed before it";
 }
 
 TEST_F(frmPricesTest, PrintsTheFormAndAsksFirst) {
@@ -307,82 +235,58 @@ TEST_F(frmPricesTest, PrintsTheFormAndAsksFirst) {
     Type(form, "txtprices_0", "99");
     asked.Expect(kPrint, Answer::Ok);
     Click(form, "cmdprint");
-    Abandon(form);
+    asked.Expect(kCancel, Answer::Yes);
+    Click(form, "cmdCANCEL");
   });
   ASSERT_EQ(printed.size(), 1U);
-  EXPECT_EQ(printed[0][0].PriceItemPrice[0], "99.00");
-  EXPECT_EQ(printed[0][1].PriceItemPrice[0], "1");
-  EXPECT_EQ(LoadPriceList(scratch.Path()).Items()[0].PriceItemPrice[0], "3.50") << "what an estimate prints";
+  EXPECT_EQ(printed[0][0].PriceItemPrice[0] + " " + printed[0][1].PriceItemPrice[0], "99.00 1");
+  EXPECT_EQ(OnDisk(), whole) << "what an estimate prints";
 }
 
-TEST_F(frmPricesTest, AnEmptyFileLeavesOnlyCancel) {
-  WritePrices("");
+TEST_F(frmPricesTest, AnEmptyFileLeavesOnlyCancelAndAMissingOneNothing) {
+  WriteBytes(scratch / "NVdata03.db", "");
   Run([this](frmPrices& form) {
-    for (const char* const name :
-         {"txtInum", "txtprices_0", "txtdescnew", "cmdNEXT", "cmdPREV", "cmdFind", "cmdprint", "cmdTable", "cmdSave"})
+    for (const char* const name : {"txtInum", "txtprices_0", "txtdescnew", "cmdNEXT", "cmdFind", "cmdprint", "cmdTable", "cmdSave"})
       EXPECT_FALSE(Find(form, name)->isEnabled()) << name;
-    EXPECT_EQ(Item(form) + Text(form, "txtprices_0"), "");
-    EXPECT_EQ(Focus(), "cmdCANCEL");
-    Key(Qt::Key_PageDown);
-    Abandon(form);
+    TakeSteps({{"<PgDown>", " cmdCANCEL=&Cancel"}, {"<Return>", "", kCancel, Answer::Yes}}, asked, [&] { return Seen(form); });
   });
   std::filesystem::remove(scratch / "NVdata03.db");
-  asked.Expect("0 The last step could not be finished, and nothing that was on file is lost.\n\n" + (scratch / "NVdata03.db").string() +
-               ": No such file or directory|Norvale Help Notice");
+  asked.Expect(FileErrorNotice(FileError((scratch / "NVdata03.db").string(), "No such file or directory")));
   EXPECT_EQ(frmPrices(program, {}).exec(), QDialog::Rejected);
   EXPECT_FALSE(std::filesystem::exists(scratch / "NVdata03.db"));
 }
 
 TEST_F(frmPricesTest, TheTableSortsFiltersAndEditsInPlace) {
-  Save([this](frmPrices& form) {
+  Run([this](frmPrices& form) {
     Type(form, "txtprices_0", "4");
     InTable(form, [this](frmPriceTable& table) {
-      EXPECT_EQ(Cell(table, 0, PriceColumn::Level1), "4.00") << "as typed on the form";
-      Find<QLineEdit>(table, "txtFilter")->setFocus();
-      Keys("2x4");
-      EXPECT_EQ(Find<QTableView>(table, "tblPrices")->model()->rowCount(), 2);
-      EXPECT_EQ(Find<QLabel>(table, "lblCount")->text(), QStringLiteral("2 of 4 items"));
-      Key(Qt::Key_Return);
-      EXPECT_EQ(Focus(), "tblPrices");
+      EXPECT_EQ(Prices(table), "4.00 3.30, 1.00 2.00, 12.50 13.50, 0.00 0.00, ") << "as typed on the form";
+      Type(table, "txtFilter", "flt<Return>");
+      EXPECT_EQ(Focus() + ": " + Prices(table) + Text(table, "lblCount"), "tblPrices: 12.50 13.50, 1 of 4 items");
       Find<QLineEdit>(table, "txtFilter")->clear();
       auto* const sort = Find<QComboBox>(table, "cboSort");
       sort->setFocus();
       sort->setCurrentIndex(sort->findText(QStringLiteral("Price level 1")));
       emit sort->activated(sort->currentIndex());
-      EXPECT_EQ(Cell(table, 3, PriceColumn::Description), "FELT");
+      EXPECT_EQ(Prices(table), "0.00 0.00, 1.00 2.00, 4.00 3.30, 12.50 13.50, ");
       // Typing begins at once, Enter goes on below; the row does not jump to where its new price belongs.
-      GoTo(table, 0, PriceColumn::Level2);
-      Keys("x88.5");
-      Key(Qt::Key_Return);
-      EXPECT_EQ(Cell(table, 0, PriceColumn::Level2), "88.50");
-      EXPECT_EQ(Find<QTableView>(table, "tblPrices")->currentIndex().row(), 1);
-      GoTo(table, 3, PriceColumn::Level1);
-      asked.Expect(
-          "0 The price 99999999.00 is too long for the price file, which has room for 7 digits before the point.|Norvale Help Notice");
-      QApplication::clipboard()->setText(QStringLiteral("99999999"));
-      Key(Qt::Key_Return);
-      Key(Qt::Key_V, Qt::ControlModifier);
-      Key(Qt::Key_Return);
-      EXPECT_EQ(Cell(table, 3, PriceColumn::Level1), "12.50");
-      GoTo(table, 3, PriceColumn::Description);
-      Key(Qt::Key_F2);
-      Keys("no");
-      EXPECT_EQ(Cell(table, 3, PriceColumn::Description), "FELT");
-      GoTo(table, 3, PriceColumn::OptionalText);
-      Key(Qt::Key_F2);
-      Keys(" by the roll ");
-      Key(Qt::Key_Escape);
-      Key(Qt::Key_F2);
-      Keys(" the roll ");
-      Key(Qt::Key_Return);
+      TypeInto(table, 0, PriceColumn::Level1, "x88.5<Return>2<Return>");
+      EXPECT_EQ(Prices(table), "88.50 0.00, 2.00 2.00, 4.00 3.30, 12.50 13.50, ");
+      asked.Expect(kTooLong);
+      QApplication::clipboard()->setText(QStringLiteral("12345678"));
+      TypeInto(table, 3, PriceColumn::Level1, "<Return><Ctrl+V><Return>");
+      asked.ExpectAllAsked();
+      TypeInto(table, 3, PriceColumn::Description, "<F2>no");
+      TypeInto(table, 3, PriceColumn::OptionalText, "<F2> by the roll <Esc><F2> the roll <Return>");
     });
-    EXPECT_EQ(Item(form), "FELT") << "the row of the table";
+    EXPECT_EQ(Text(form, "lblDesc"), "FELT") << "the row of the table";
     Click(form, "cmdPREV");
+    Click(form, "cmdSave");
   });
-  const PriceList saved = LoadPriceList(scratch.Path());
-  EXPECT_EQ(saved.Items()[0].PriceItemPrice[0], "4.00");
-  EXPECT_EQ(saved.Items()[2].PriceItemOptionalText, "the roll");
-  EXPECT_EQ(saved.Items()[3].PriceItemPrice[1], "88.50");
+  EXPECT_EQ(OnDisk(), Line("2X4- 8 STUD", "STUD-100", {"4.00", "3.30", "0.00", "0.00", "12.35"}, "kiln dried") +
+                          Line("A & B & C", "STUD", {"2.00", "2.00", "3.00", "4.00", "5.00"}, "") +
+                          Line("FELT", "FLT", {"12.50", "13.50", "0.00", "0.00", "0.00"}, "the roll") +
+                          Line("2X4- 10 SPF", "", {"88.50"}, ""));
 }
 
 // A message takes the focus, and with it the cell closes its box.
@@ -393,70 +297,80 @@ TEST_F(frmPricesTest, ACellOutlivesTheMessageThatItsTextBrings) {
   PriceHistory history;
   frmPriceTable table(shown, prices, history, 0);
   ShowActive(table);
-  GoTo(table, 1, PriceColumn::Sku);
-  Keys("AB");
-  DriveModal<frmMbox>([] { Letter(QStringLiteral("\u03a9")); }, [](frmMbox&) { Key(Qt::Key_Return); });
-  GoTo(table, 2, PriceColumn::Level1);
-  Key(Qt::Key_F2);
+  const auto expectMessage = [](const char* keys) {
+    const auto type = [keys] {
+      Keys(keys);
+      QApplication::processEvents();  // the message comes behind the cell's end
+    };
+    DriveModal<frmMbox>(type, [](frmMbox&) { Keys("<Return>"); });
+  };
+  TypeInto(table, 1, PriceColumn::Sku, "AB");
+  expectMessage("\u03a9");
   QApplication::clipboard()->setText(QStringLiteral("99999999"));
-  Key(Qt::Key_V, Qt::ControlModifier);
-  DriveModal<frmMbox>(
-      [] {
-        Key(Qt::Key_Return);
-        QApplication::processEvents();  // the message comes behind the cell's end
-      },
-      [](frmMbox&) { Key(Qt::Key_Return); });
+  TypeInto(table, 2, PriceColumn::Level1, "<F2><Ctrl+V>");
+  expectMessage("<Return>");
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "told once";
-  EXPECT_EQ(Cell(table, 1, PriceColumn::Sku) + " " + Cell(table, 2, PriceColumn::Level1), "AB 12.50");
+  EXPECT_EQ(prices.Items()[1].PriceItemSku + " " + prices.Items()[2].PriceItemPrice[0], "AB 12.50");
 }
 
 TEST_F(frmPricesTest, AnImportShowsWhatItChangesAndIsUndoneAsAWhole) {
-  const std::string csv = "SKU,Price 1,Price 2,Unit\nSTUD-100,3.75,0,ea\nSTUD,2,5,ea\nNONE,1,1,ea\nFLT,call,14,rl\n";
+  const std::string before = "3.50 3.30, 1.00 2.00, 12.50 13.50, 0.00 0.00, ";
+  const std::string imported = "3.75 3.30, 2.00 5.00, 12.50 14.00, 0.00 0.00, ";
+  WriteBytes(scratch / "no.csv", "no heading\n");
+  WriteBytes(scratch / "update.csv",
+             "SKU,Price 1,Price 2,Unit,Optional text\nSTUD-100,3.75,0,ea,by the piece\nSTUD,2,5,ea\nNONE,1,1,ea\nFLT,call,14,rl\n");
   Run([&](frmPrices& form) {
     InTable(form, [&](frmPriceTable& table) {
-      const auto rows = [](frmPricePreview& preview, const char* name) { return Find<QTableView>(preview, name)->model()->rowCount(); };
-      Import(table, csv, [&](frmPricePreview& preview) {
+      const auto rows = [](frmPricePreview& preview) { return Text(preview, "lblSummary").substr(0, 11); };
+      const auto import = [&](const std::function<void(frmPricePreview&)>& drive) {
+        DriveModal<frmPricePreview>([&] { PickFile(table, "cmdImport", "update.csv"); }, drive);
+      };
+      asked.Expect(
+          Notice("no.csv: no row names the columns: SKU or Description, and one of Price level 1 to Price level 5. An exported "
+                 "price list shows how"));
+      PickFile(table, "cmdImport", "no.csv");
+      import([&](frmPricePreview& preview) {
         EXPECT_EQ(Find<QComboBox>(preview, "cboMatch")->currentText(), QStringLiteral("SKU"));
-        EXPECT_EQ(rows(preview, "tblChanges"), 4);
-        EXPECT_EQ(rows(preview, "tblNotTaken"), 2);
-        EXPECT_EQ(Find<QLabel>(preview, "lblUnused")->text(), QStringLiteral("Columns not used: Unit"));
-        QTest::mouseClick(Find<QCheckBox>(preview, "chkZero"), Qt::LeftButton, {}, QPoint(8, Find(preview, "chkZero")->height() / 2));
-        EXPECT_EQ(rows(preview, "tblChanges"), 5);
-        Key(Qt::Key_Escape);
-      });
-      EXPECT_EQ(Cell(table, 0, PriceColumn::Level1), "3.50") << "given up";
-      EXPECT_FALSE(Find(table, "cmdUndo")->isEnabled());
-      Import(table, csv, [](frmPricePreview& preview) { Click(preview, "cmdOK"); });
-      EXPECT_EQ(Cell(table, 0, PriceColumn::Level1) + Cell(table, 0, PriceColumn::Level2), "3.753.30");
-      EXPECT_EQ(Cell(table, 2, PriceColumn::Level1) + Cell(table, 2, PriceColumn::Level2), "12.5014.00");
-      // On top of it, a percentage for what the filter shows.
-      Find<QLineEdit>(table, "txtFilter")->setFocus();
-      Keys("stud");
-      Type(table, "txtPercent", "10");
-      DriveModal<frmPricePreview>([&] { Click(table, "cmdPercent"); },
-                                  [&](frmPricePreview& preview) {
-                                    EXPECT_EQ(rows(preview, "tblChanges"), 2);
-                                    Click(preview, "cmdOK");
-                                  });
-      EXPECT_EQ(Cell(table, 0, PriceColumn::Level1) + Cell(table, 1, PriceColumn::Level1), "4.132.20");
+      EXPECT_EQ(Text(preview, "lblUnused"), "Columns not used: Unit");
+      EXPECT_EQ(rows(preview), "4 prices of");
+      EXPECT_EQ(Cell(preview, "tblChanges", 0, 3) + " to " + Cell(preview, "tblChanges", 0, 4), "3.50 to 3.75");
+      const QModelIndex doubled = Find<QTableView>(preview, "tblChanges")->model()->index(1, 5);
+      EXPECT_EQ(doubled.data().toString() + doubled.data(Qt::ForegroundRole).value<QColor>().name(),
+                QStringLiteral("+100.0 %") + ColoursOfLook().warning.name());
+      EXPECT_EQ(Cell(preview, "tblNotTaken", 0, 2) + " " + Cell(preview, "tblNotTaken", 1, 3), "NONE call");
+      Tick(preview, "chkZero");
+      EXPECT_EQ(rows(preview), "5 prices of");
+      Tick(preview, "chkTexts");
+      EXPECT_EQ(rows(preview), "5 prices an");
+      Keys("<Esc>");
     });
-    // The way back is there when the table is opened again.
-    InTable(form, [](frmPriceTable& table) {
-      GoTo(table, 1, PriceColumn::Level2);
-      Keys("7");
-      Key(Qt::Key_Return);
-      Click(table, "cmdUndo");
-      EXPECT_EQ(Cell(table, 0, PriceColumn::Level1) + Cell(table, 1, PriceColumn::Level1), "3.752.00");
-      Click(table, "cmdUndo");
-      EXPECT_EQ(Cell(table, 0, PriceColumn::Level1) + Cell(table, 1, PriceColumn::Level1), "3.501.00");
-      EXPECT_EQ(Cell(table, 1, PriceColumn::Level2), "7.00") << "changed by hand since";
-      EXPECT_EQ(Cell(table, 2, PriceColumn::Level2), "13.50");
-      EXPECT_FALSE(Find(table, "cmdUndo")->isEnabled());
-      GoTo(table, 0, PriceColumn::Level1);  // what the form shows is written in full
-    });
-    Click(form, "cmdSave");
+    EXPECT_EQ(Prices(table), before) << "given up";
+    EXPECT_FALSE(Find(table, "cmdUndo")->isEnabled());
+      import([](frmPricePreview& preview) { Click(preview, "cmdOK");
   });
-  EXPECT_THAT(OnDisk(), testing::EndsWith(lines[2] + lines[3])) << "undone to the byte";
+  EXPECT_EQ(Prices(table), imported);
+  // On top of it, a percentage for what the filter shows.
+  Type(table, "txtFilter", "stud");
+  Find<QComboBox>(table, "cboLevel")->setCurrentIndex(1);
+  Type(table, "txtPercent", "10");
+  DriveModal<frmPricePreview>([&] { Click(table, "cmdPercent"); }, [&](frmPricePreview& preview) { Click(preview, "cmdOK"); });
+  EXPECT_EQ(Prices(table), "3.75 3.63, 2.00 5.50, ");
+  PickFile(table, "cmdExport", "all.csv");
+  EXPECT_THAT(ReadBytes(scratch / "all.csv"), testing::AllOf(HasSubstr("STUD-100,3.75,3.63,"), HasSubstr("FELT,FLT,12.50,14.00,")));
+});
+// The way back is there when the table is opened again.
+InTable(form, [&](frmPriceTable& table) {
+  TypeInto(table, 1, PriceColumn::Level1, "7<Return>");
+  Click(table, "cmdUndo");
+  EXPECT_EQ(Prices(table), "3.75 3.30, 7.00 5.00, 12.50 14.00, 0.00 0.00, ");
+  Click(table, "cmdUndo");
+  EXPECT_EQ(Prices(table), "3.50 3.30, 7.00 2.00, 12.50 13.50, 0.00 0.00, ") << "what was changed by hand since stays";
+  EXPECT_FALSE(Find(table, "cmdUndo")->isEnabled());
+  TypeInto(table, 0, PriceColumn::Level1, "");  // what the form shows is written in full
+});
+Click(form, "cmdSave");
+});
+EXPECT_THAT(OnDisk(), testing::EndsWith(lines[2] + lines[3])) << "undone to the byte";
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/files.h"
 #include "data/folder_check.h"
 #include "prices/delivered.h"
 #include "prices/new_folder.h"
@@ -28,11 +29,10 @@ class WorkingFolder : public testing::Test {
   }
   // The question is asked at each start: NO changes nothing, and YES goes on.
   void ExpectQuestion(const std::string& question, const std::string& file) {
-    const std::string before = ReadBytes(scratch / file);
+    const auto before = ReadFileIfPresent(scratch / file);
     asked.Expect(question, Answer::No);
     EXPECT_FALSE(Opens());
-    EXPECT_EQ(ReadBytes(scratch / file), before);
-    EXPECT_EQ(std::filesystem::exists(scratch / file), !before.empty());
+    EXPECT_EQ(ReadFileIfPresent(scratch / file), before);
     asked.Expect(question, Answer::Yes);
     EXPECT_TRUE(Opens());
   }
