@@ -151,6 +151,12 @@ TEST_F(frmChecklstTest, CancelEndsAFindAndNothingElse) {
       EXPECT_TRUE(form.isVisible());
       EXPECT_EQ(Buttons(form), "OCNPFDc");
     });
+  // The empty fields of a search are no change to ask about.
+  Run(ChecklistPurpose::ExistingPlans, [](frmChecklst& form) {
+    Keys("<PgDown><Alt+F>");
+    form.close();
+    EXPECT_FALSE(form.isVisible());
+  });
 }
 
 TEST_F(frmChecklstTest, BoxesFollowTheirRulesUnderSpaceClickAndEnter) {

@@ -200,7 +200,10 @@ TEST_F(frmDisplayTest, PrintLeadsToWhatIsMissing) {
     EXPECT_EQ(prints, 1);
     EXPECT_EQ(session.CurrentEstimate.SillLft[0], 78) << "the plan is in the record before it is printed";
     SetNumberText(record, 42, "40000");
-    Take(form, {{"<Alt+P>", "9 Of 11, TxtDisp_42 40000[40000]", kLarge}});  // opened, so that it can be mended
+    Take(form, {{"<Alt+P>", "9 Of 11, TxtDisp_42 40000[40000]", kLarge}, {"1", "9 Of 11, TxtDisp_42 1[]"}});  // opened to be mended
+    record.TxtDispJoist[5].text = "-5";
+    record.TxtDispJoist[5].isHidden = true;
+    Take(form, {{"<Alt+P>", "9 Of 11, TxtDispJoist_5 -5[-5]", kSmall}});
   });
 }
 

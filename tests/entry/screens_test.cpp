@@ -226,6 +226,11 @@ TEST(Computed, ShowsWhenItsScreenIsLeftAndStopsOnceTouched) {
   CheckScreenComplete(form, 5);
   EXPECT_EQ(computed(), "158 52 1248");
 
+  form = NewForm(kOneStoryCrawl);
+  SetNumberText(form, 0, "156");
+  GoToScreen(form, 10);
+  EXPECT_EQ(form.TxtDisp[48].text, "1248") << "a jump leaves its screen too";
+
   EstimateRecord plan = BlankPlan();
   plan.PlanType = kOneStoryCrawl;
   plan.ExtWallLftFirstFloor = 156, plan.HeatedSqFtA = 1440;
