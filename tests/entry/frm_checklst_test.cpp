@@ -40,7 +40,7 @@ class frmChecklstTest : public DesktopTest {
     tasks.printEstimate = [this](const PlanForm& form, QWidget* parent) {
       printed += session.CurrentCustomer.CustomerName.Trimmed() + "/" + session.CurrentEstimate.PlanNumber.Trimmed() + "/" +
                  std::string(session.CurrentEstimate.PriceLevel.Raw()) + "/" + std::to_string(form.PlanType) + "/" +
-                 parent->windowTitle().toStdString() + "\n";
+                 std::to_string(session.CurrentEstimate.SecondFloorType) + "/" + parent->windowTitle().toStdString() + "\n";
     };
     frmChecklst form(program, purpose, tasks);
     const auto steps = [&drive](frmChecklst& shown) {
@@ -249,7 +249,7 @@ TEST_F(frmChecklstTest, PrintsThePlanAtHandOnTheLevelPicked) {
     Keys("x<Alt+P><PgUp><Alt+P>");  // what is printed cannot be renamed
     EXPECT_EQ(form.windowTitle(), QStringLiteral("Norvale: Plan CheckList"));
   });
-  EXPECT_EQ(printed, "/Z/2/2184/Plan Number: Z\nOak Street Builders/C/1/0/Plan Number: C\n");
+  EXPECT_EQ(printed, "/Z/2/2184/2/Plan Number: Z\nOak Street Builders/C/1/0/0/Plan Number: C\n");
   std::filesystem::resize_file(scratch / kMaterialFileName, 0);
   for (const ChecklistPurpose purpose : {ChecklistPurpose::ExistingPlans, ChecklistPurpose::PrintPlans})
     Run(purpose, [this](frmChecklst& form) {

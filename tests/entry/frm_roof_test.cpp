@@ -85,6 +85,16 @@ TEST_F(frmROOFTest, RemovesInTheMiddleAndTakesItBack) {
   EXPECT_EQ(dataEntry.TxtDisp[47].text, "99") << "sections of 1, 3 and 4 ft";
 }
 
+TEST_F(frmROOFTest, AnEmptiedRoofWithoutJoistsClearsThePlan) {
+  EstimateRecord plan = PlanWith(1);
+  plan.CeilingJoistLft2X8 = {};
+  Run(plan, [this](frmROOF&) {
+    asked.Expect(kRemove, Answer::Yes);
+    Keys("<Alt+R><Alt+D>");
+  });
+  EXPECT_EQ(plan, BlankPlan());
+}
+
 TEST_F(frmROOFTest, GoesToTheSectionChosenInTheList) {
   EstimateRecord plan = PlanWith(5);
   Run(plan, [this](frmROOF& form) {

@@ -549,5 +549,15 @@ TEST_F(PlanJourney, AnUnsavedPlanIsNeverWrittenOverOneThatWasChanged) {
   EXPECT_EQ(FindEstimate(scratch.Path(), 7, "S3")->ExtWallLftFirstFloor, 321);
 }
 
+TEST_F(PlanJourney, ADraftThatCannotBeReadIsToldAndKept) {
+  WriteBytes(scratch / kDraftFile, "xx");
+  asked.Expect(
+      "0 A plan was being entered when the program ended, but its draft is damaged or of another version of Norvale.\n\n"
+      "It is kept as norvale.draft.1. The plans on file are not touched.|Norvale Help Notice");
+  OfferUnsavedPlan(program);
+  asked.ExpectAllAsked();
+  EXPECT_EQ(ReadBytes(scratch / "norvale.draft.1"), "xx");
+}
+
 }  // namespace
 }  // namespace norvale
