@@ -159,6 +159,25 @@ TEST_F(frmChecklstTest, CancelEndsAFindAndNothingElse) {
   });
 }
 
+TEST_F(frmChecklstTest, ASearchThatCannotReadStaysOnItsPlan) {
+  const std::filesystem::path records = scratch / EstimateDataFile;
+  const std::string bytes = ReadBytes(records);
+  Run(ChecklistPurpose::ExistingPlans, [&](frmChecklst& form) {
+    Keys("<PgDown><PgDown><Alt+F>");
+    const std::int32_t cursor = session.EstimateCursor;
+    std::filesystem::resize_file(records, 0);
+    for (const auto& [keys, position] : {std::pair{"homes<Return>", "25"}, {"<Esc>", "1"}}) {
+      asked.Expect("0 The last step could not be finished, and nothing that was on file is lost.\n\nestimate.ix: the entry at position " +
+                   std::string(position) + " points to no record of estimate.dbr|Norvale Help Notice");
+      Keys(keys);
+      EXPECT_EQ(session.EstimateCursor, cursor) << keys;
+      EXPECT_EQ(Buttons(form), "(O)C(N)(P)(F)(D)(c)") << keys;
+    }
+    WriteBytes(records, bytes);
+    Take(form, {{"<Esc>", "0//M/ level 1, cmdOK"}});
+  });
+}
+
 TEST_F(frmChecklstTest, BoxesFollowTheirRulesUnderSpaceClickAndEnter) {
   Run(ChecklistPurpose::NewPlan, [this](frmChecklst& form) {
     Find(form, kChecks[0])->setFocus(Qt::TabFocusReason);

@@ -18,7 +18,7 @@ desktop_start() {
   export DISPLAY
   openbox --sm-disable >/dev/null 2>&1 &
   desktop_pids+=($!)
-  for tries in $(seq 100); do
+  for tries in $(seq 450); do
     xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
     sleep 0.1
   done
@@ -33,7 +33,7 @@ desktop_stop() {
 # Waits until a window of that title, which may be a pattern, is seen and has the focus.
 desktop_wait() {
   local tries
-  for tries in $(seq 100); do
+  for tries in $(seq 450); do
     # shellcheck disable=SC2053
     [[ "$(xdotool getactivewindow getwindowname 2>/dev/null)" == $1 ]] && return 0
     sleep 0.1
