@@ -53,6 +53,7 @@ void ShowAtOnce(QWidget& window) {
 }
 
 void NextScreen(benchmark::State& state) {
+  state.SetLabel("beside NextPageOfABareStack");
   OpenPlan plan;
   frmDisplay display(plan.program, plan.form, false, {});
   ShowAtOnce(display);
@@ -105,6 +106,7 @@ void TypeInto(benchmark::State& state, Window& window, QLineEdit* box) {
 }
 
 void TwoKeysInABox(benchmark::State& state) {
+  state.SetLabel("beside TwoKeysInABareBox");
   OpenPlan plan;
   frmDisplay display(plan.program, plan.form, false, {});
   display.findChild<QAbstractButton*>(QStringLiteral("cmdScreen_2"))->click();

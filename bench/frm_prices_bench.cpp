@@ -65,6 +65,7 @@ void ReadTheFile(benchmark::State& state) {
 BENCHMARK(ReadTheFile)->Unit(benchmark::kMicrosecond);
 
 void OpenTheForm(benchmark::State& state) {
+  state.SetLabel("beside ReadTheFile");
   const Dealer dealer;
   DataFolder folder(dealer.path);
   Session session;
@@ -79,6 +80,7 @@ void OpenTheForm(benchmark::State& state) {
 BENCHMARK(OpenTheForm)->Unit(benchmark::kMicrosecond);
 
 void OpenTheTable(benchmark::State& state) {
+  state.SetLabel("beside ReadTheFile");
   const Dealer dealer;
   DataFolder folder(dealer.path);
   Session session;
@@ -96,6 +98,7 @@ BENCHMARK(OpenTheTable)->Unit(benchmark::kMicrosecond);
 
 // One more letter in the filter, to the picture on the screen.
 void FilterTheTable(benchmark::State& state) {
+  state.SetLabel("beside ReadTheFile");
   const Dealer dealer;
   DataFolder folder(dealer.path);
   Session session;
@@ -118,6 +121,7 @@ BENCHMARK(FilterTheTable)->Unit(benchmark::kMicrosecond);
 
 // A file with a new price for all 7000, to the preview on the screen.
 void PreviewAnImport(benchmark::State& state) {
+  state.SetLabel("beside ReadTheFile");
   const Dealer dealer;
   const PriceEditor prices = OpenPrices(dealer.path);
   const std::string csv = dealer.NewPrices();
@@ -134,6 +138,7 @@ void PreviewAnImport(benchmark::State& state) {
 BENCHMARK(PreviewAnImport)->Unit(benchmark::kMicrosecond);
 
 void ImportAndSave(benchmark::State& state) {
+  state.SetLabel("beside WriteTheFile");
   const Dealer dealer;
   const PriceEditor asRead = OpenPrices(dealer.path);
   const std::string csv = dealer.NewPrices();

@@ -77,6 +77,7 @@ void ClickToTextOnDisk(benchmark::State& state) {
 BENCHMARK(ClickToTextOnDisk)->Unit(benchmark::kMillisecond);
 
 void ClickToPdfOnDisk(benchmark::State& state) {
+  state.SetLabel("beside ClickToTextOnDisk");
   SampleFolder sample;
   for (auto _ : state) ReplaceFile(SystemDisk(), sample.path / "list.pdf", DocumentPdf(sample.Estimate().document, {}));
   state.counters["pages"] = static_cast<double>(sample.largestPages);
@@ -85,6 +86,7 @@ BENCHMARK(ClickToPdfOnDisk)->Unit(benchmark::kMillisecond);
 
 // A number changes at every turn, as when it is typed; painting included.
 void LiveListRefresh(benchmark::State& state) {
+  state.SetLabel("beside SameRunToText");
   SampleFolder sample;
   LiveList list(sample.program);
   list.resize(420, 700);
