@@ -134,8 +134,8 @@ LiveList::LiveList(Program& program, QWidget* parent)
   bold.setBold(true);
   // No wider than they need, for what is left is the description's.
   const int letter = fontMetrics().averageCharWidth();
-  header->resizeSection(LiveListModel::Quantity, fontMetrics().horizontalAdvance(QStringLiteral("99999 tubes")) + letter);
-  header->resizeSection(LiveListModel::Amount, QFontMetrics(bold).horizontalAdvance(QStringLiteral("999,999.99")) + letter);
+  header->resizeSection(LiveListModel::Quantity, fontMetrics().horizontalAdvance(QStringLiteral("9999 pcs.")) + letter);
+  header->resizeSection(LiveListModel::Amount, QFontMetrics(bold).horizontalAdvance(QStringLiteral("99,999.99")) + letter);
   setMinimumWidth(letter * 50);
 
   lblTotal_->setObjectName(QStringLiteral("lblTotal"));
