@@ -13,7 +13,6 @@
 
 #include "base/files.h"
 #include "data/batch_store.h"
-#include "desktop/frm_look.h"
 #include "entry/frm_display.h"
 #include "entry/plan_form.h"
 #include "entry/screens.h"
@@ -132,11 +131,3 @@ BENCHMARK(OpenTheForm)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace norvale
-
-int main(int argc, char** argv) {
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  norvale::ApplyLook(app, norvale::Look::Light);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-}

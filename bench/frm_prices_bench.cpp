@@ -7,7 +7,6 @@
 
 #include "base/files.h"
 #include "base/text.h"
-#include "desktop/frm_look.h"
 #include "desktop/program.h"
 #include "prices/delivered.h"
 #include "prices/frm_price_preview.h"
@@ -158,12 +157,3 @@ BENCHMARK(WriteTheFile)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace norvale
-
-int main(int argc, char** argv) {
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  norvale::ApplyLook(app, norvale::Look::Light);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}

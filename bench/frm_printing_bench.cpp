@@ -118,11 +118,3 @@ BENCHMARK(SameRunToText)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace norvale
-
-int main(int argc, char** argv) {
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}

@@ -38,8 +38,8 @@ class ExchangeError : public std::runtime_error {
 std::string ExportTables(const std::vector<CustomerRecord>& customers, const std::vector<EstimateRecord>& plans);
 
 /// Reads such an object, and beside "customers" and "plans" also "wasteFactors" (an object of item numbers and
-/// percentages) and "prices" (an array of items by their fields). A field left
-/// out is 0 or blank. Throws ExchangeError for an unknown field and a value of the wrong kind or out of its range.
+/// percentages) and "prices" (an array of items by their fields). A field left out is 0 or blank. Throws ExchangeError for an
+/// unknown field and a value of the wrong kind or out of its range.
 ExchangeTables ImportTables(std::string_view json);
 
 }  // namespace norvale
