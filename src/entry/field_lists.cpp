@@ -77,12 +77,12 @@ struct StoredChoiceRule {
 constexpr std::array<StoredChoiceRule, 8> kStoredChoiceRules = {{
     {&EstimateRecord::FoundationType, 1, {"C23", "L47"}},
     {&EstimateRecord::FoundationType, 2, {"C2122", "L40414243444546", "T1920212223"}},
-    {&EstimateRecord::Combo19Index, 1, {"C20", "L343536373839", "T1415161718"}},
-    {&EstimateRecord::Combo25Index, 2, {"L58", "T31"}},
+    {&EstimateRecord::DropGirderPly, 1, {"C20", "L343536373839", "T1415161718"}},
+    {&EstimateRecord::OakFlooringIndex, 2, {"L58", "T31"}},
     {&EstimateRecord::SecondFloorFramed, 2, {"C30", "L676970717273", "T3738394041"}},
-    {&EstimateRecord::Combo34Index, 1, {"C36373839", "L848586878889", "T4849"}},
-    {&EstimateRecord::Combo34Index, 2, {"C36", "L84"}},
-    {&EstimateRecord::Combo34Index, 3, {"C3739", "L8589"}},
+    {&EstimateRecord::WallFinishIndex, 1, {"C36373839", "L848586878889", "T4849"}},
+    {&EstimateRecord::WallFinishIndex, 2, {"C36", "L84"}},
+    {&EstimateRecord::WallFinishIndex, 3, {"C3739", "L8589"}},
 }};
 // clang-format on
 
@@ -251,7 +251,7 @@ void ApplyPlanTypeRules(PlanForm& form, EstimateRecord& plan) {
     for (const std::string_view list : rule.shut) SetFieldList(form, list, false);
     SetJoistBoxes(form, rule.joists, false);
   }
-  if ((form.PlanType & kBrickVeneer) != 0) plan.Combo34Index = 1;
+  if ((form.PlanType & kBrickVeneer) != 0) plan.WallFinishIndex = 1;
 
   if (!IsOpened(form.mode)) {
     // Attic trusses carry their own floor: with joists in the list they would be paid for twice.

@@ -82,7 +82,7 @@ struct PlanForm {
   std::array<int, kSelectionLists> LineOfCombo{};  // -1: the box has no line
   std::array<int, kNumberBoxes> LineOfNumber{};    // -1: the box has no line
   int LastLine = -1;
-  std::int16_t Disp36Tag = 0;  // goes with TxtDisp 36: the carport area that has no mull
+  std::int16_t CarportSqFtUnmulled = 0;  // goes with TxtDisp 36: the carport area that has no mull
 
   int CurrentScreen = 0;
   bool isPrintEnabled = false;

@@ -32,35 +32,35 @@ constexpr std::array<NumberPlace, kNumberBoxes> NumberPlaces() {
     for (std::size_t row = 0; row < std::tuple_size_v<FiveRows>; ++row) places[first + row] = {nullptr, rows, row};
   };
   places[0].field = &EstimateRecord::ExtWallLftFirstFloor;
-  places[1].field = &EstimateRecord::Disp01;
-  places[2].field = &EstimateRecord::Disp02;
-  places[3].field = &EstimateRecord::Disp03;
+  places[1].field = &EstimateRecord::OutsideCornersFirstFloor;
+  places[2].field = &EstimateRecord::HeatedLength;
+  places[3].field = &EstimateRecord::OverallLength;
   table(4, &EstimateRecord::MajorGirderLft);
-  table(9, &EstimateRecord::Disp09);
+  table(9, &EstimateRecord::WiderGirderLft);
   table(14, &EstimateRecord::DropGirderLft);
   table(19, &EstimateRecord::SillLft);
   places[24].field = &EstimateRecord::IntWallLftFirstFloor;
-  places[25].field = &EstimateRecord::HeatedSqFtA;
+  places[25].field = &EstimateRecord::HeatedSqFtFirstFloor;
   table(26, &EstimateRecord::BayAreaLftFirstFloor);
-  places[31].field = &EstimateRecord::Disp31;
-  places[32].field = &EstimateRecord::GarageWallLftA;
-  places[33].field = &EstimateRecord::GarageWallLftB;
+  places[31].field = &EstimateRecord::OakFlooringSqFt;
+  places[32].field = &EstimateRecord::GarageWallLftSheathed;
+  places[33].field = &EstimateRecord::GarageWallLftUnsheathed;
   places[34].field = &EstimateRecord::GarageSqFt;
   places[35].field = &EstimateRecord::CarportBeamLft;
   places[36].field = &EstimateRecord::CarportSqFt;
   table(37, &EstimateRecord::BayAreaLftSecondFloor);
   places[42].field = &EstimateRecord::ExtWallLftSecondFloor;
   places[43].field = &EstimateRecord::IntWallLftSecondFloor;
-  places[44].field = &EstimateRecord::HeatedSqFtB;
+  places[44].field = &EstimateRecord::HeatedSqFtSecondFloor;
   places[45].field = &EstimateRecord::HeaderLft;
   places[46].field = &EstimateRecord::FasciaLft;
   places[47].field = &EstimateRecord::RoofSqFt;
-  places[48].field = &EstimateRecord::ExtWallSidingA;
-  places[49].field = &EstimateRecord::ExtWallSidingB;
-  places[50].field = &EstimateRecord::Disp50;
+  places[48].field = &EstimateRecord::ExtWallSidingFirstFloor;
+  places[49].field = &EstimateRecord::ExtWallSidingSecondFloor;
+  places[50].field = &EstimateRecord::OutsideCornersSecondFloor;
   places[51].field = &EstimateRecord::GableSqFt;
-  places[52].field = &EstimateRecord::Disp52;
-  places[53].field = &EstimateRecord::Disp53;
+  places[52].field = &EstimateRecord::KneeWallLft;
+  places[53].field = &EstimateRecord::HalfStoryBaseMouldLft;
   return places;
 }
 
@@ -142,7 +142,7 @@ std::int16_t& NumberField(EstimateRecord& plan, int box) {
 
 std::int16_t& JoistField(EstimateRecord& plan, int box) {
   const auto row = static_cast<std::size_t>(box % 5);
-  return box < 5 ? plan.Joist0[row] : plan.Joist5[row];
+  return box < 5 ? plan.JoistLengthFirstFloor[row] : plan.JoistLengthSecondFloor[row];
 }
 
 void LoadPlanIntoForm(PlanForm& form, PlanMode mode, const EstimateRecord& plan, const std::vector<MaterialRow>& rows) {
@@ -157,12 +157,12 @@ void LoadPlanIntoForm(PlanForm& form, PlanMode mode, const EstimateRecord& plan,
   }
   for (int box = 0; box < static_cast<int>(kJoistBoxes); ++box)
     SetJoistText(form, box, NumberText(IsOpened(mode) ? JoistField(source, box) : kStockLengths[static_cast<std::size_t>(box % 5)]));
-  form.Disp36Tag = IsOpened(mode) ? plan.Disp36Tag : std::int16_t{0};
+  form.CarportSqFtUnmulled = IsOpened(mode) ? plan.CarportSqFtUnmulled : std::int16_t{0};
   if (IsOpened(mode)) {
     for (std::size_t list = 0; list < kSelectionLists; ++list) LoadChoice(form.combo1[list], kPlanChoices[list], plan);
     // The interior has no row in the record; its one known text stands for the first row, whatever that is called.
     SelectionBox& interior = form.combo1[kInteriorList];
-    if (plan.Combo15Text.Trimmed() == kFinished && !interior.rows.empty()) interior.ListIndex = 0, interior.unlistedText.clear();
+    if (plan.SlabInterior.Trimmed() == kFinished && !interior.rows.empty()) interior.ListIndex = 0, interior.unlistedText.clear();
   }
   form.isLoading = wasLoading;
   form.mark = ChangeMark::None;
@@ -171,7 +171,7 @@ void LoadPlanIntoForm(PlanForm& form, PlanMode mode, const EstimateRecord& plan,
 void StorePlanFromForm(const PlanForm& form, EstimateRecord& plan) {
   for (int box = 0; box < static_cast<int>(kNumberBoxes); ++box) NumberField(plan, box) = StoredNumber(form.TxtDisp[box].text);
   for (int box = 0; box < static_cast<int>(kJoistBoxes); ++box) JoistField(plan, box) = StoredNumber(form.TxtDispJoist[box].text);
-  plan.Disp36Tag = form.Disp36Tag;
+  plan.CarportSqFtUnmulled = form.CarportSqFtUnmulled;
   for (std::size_t list = 0; list < kSelectionLists; ++list) {
     const SelectionBox& box = form.combo1[list];
     const PlanChoice& choice = kPlanChoices[list];

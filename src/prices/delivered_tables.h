@@ -10,5 +10,6 @@ extern const std::string_view kDeliveredScreens;
 extern const std::string_view kDeliveredLists;
 extern const std::string_view kDeliveredPrices;
 extern const std::string_view kDeliveredWaste;
+extern const std::string_view kDeliveredRenamed;
 
 }  // namespace norvale

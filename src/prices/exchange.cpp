@@ -6,6 +6,7 @@
 #include <set>
 
 #include "base/text.h"
+#include "prices/delivered_tables.h"
 
 namespace norvale {
 
@@ -139,6 +140,23 @@ void Blank(std::array<T, N>& values) {
   values = {};
 }
 
+// The name that a field has today: files that were exported under its former name stay readable.
+std::string_view PresentFieldName(std::string_view name) {
+  static const std::map<std::string_view, std::string_view> present = [] {
+    std::map<std::string_view, std::string_view> names;
+    std::string_view rows = kDeliveredRenamed;
+    for (std::size_t end = rows.find('\n'); end != std::string_view::npos; end = rows.find('\n')) {
+      const std::string_view row = rows.substr(0, end);
+      const std::size_t tab = row.find('\t');
+      names.emplace(row.substr(0, tab), row.substr(tab + 1));
+      rows.remove_prefix(end + 1);
+    }
+    return names;
+  }();
+  const auto found = present.find(name);
+  return found == present.end() ? name : found->second;
+}
+
 template <typename Record>
 void RecordFrom(const Json& json, const std::string& place, Record& record) {
   ObjectFrom(json, place);
@@ -152,8 +170,15 @@ void RecordFrom(const Json& json, const std::string& place, Record& record) {
   });
   if (known == json.size()) return;
   for (const auto& member : json.items()) {
+    const std::string_view name = PresentFieldName(member.key());
     bool exists = false;
-    ForEachField(RecordFields<Record>::table, [&](const auto& field) { exists = exists || field.name == member.key(); });
+    ForEachField(RecordFields<Record>::table, [&](const auto& field) {
+      if (field.name != name) return;
+      exists = true;
+      if (name == member.key()) return;
+      if (json.contains(std::string(name))) Refuse(At(place, member.key()), "the field stands there as " + std::string(name) + " too");
+      ValueFrom(member.value(), At(place, member.key()), record.*field.member);
+    });
     if (!exists) Refuse(At(place, member.key()), "there is no such field");
   }
 }

@@ -58,7 +58,7 @@ bool IsLast(std::string_view text) { return UpperCase(Trim(text)) == kLast; }
 std::string_view CaptionOf(PrintBox box) { return kInfo[static_cast<std::size_t>(box)].caption; }
 
 PlanParts PartsOf(const EstimateRecord& plan) {
-  return {.PlanType = plan.PlanType, .isFinished = plan.Combo15Text.Trimmed() == kFinished, .hasUpperFloor = plan.SecondFloorType != 1};
+  return {.PlanType = plan.PlanType, .isFinished = plan.SlabInterior.Trimmed() == kFinished, .hasUpperFloor = plan.SecondFloorType != 1};
 }
 
 // By the text of the inside's row, not by its place in the list: the run goes by the text too, and what is ticked must print.

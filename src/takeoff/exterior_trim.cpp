@@ -18,16 +18,16 @@ constexpr int kVinylSiding = 5;
 
 struct Stock {
   explicit Stock(const EstimateRecord& plan)
-      : grade(plan.Combo00Text.Trimmed()),
+      : grade(plan.FramingGrade.Trimmed()),
         plates(plan.ShoePlates.Trimmed()),
-        trim(plan.Combo08Text.Trimmed()),
-        fascia(plan.Combo09Text.Trimmed()),
-        soffit(plan.Combo10Text.Trimmed()),
-        mould(plan.Combo11Text.Trimmed()),
-        frieze(plan.Combo35Text.Trimmed()),
-        siding(plan.Combo36Text.Trimmed()),
-        panel(plan.Combo37Text.Trimmed()),
-        corner(plan.Combo38Text.Trimmed()),
+        trim(plan.ExteriorTrim.Trimmed()),
+        fascia(plan.FasciaBoard.Trimmed()),
+        soffit(plan.SoffitMaterial.Trimmed()),
+        mould(plan.FriezeMould.Trimmed()),
+        frieze(plan.FriezeBoard.Trimmed()),
+        siding(plan.Siding.Trimmed()),
+        panel(plan.PanelSiding.Trimmed()),
+        corner(plan.CornerBoards.Trimmed()),
         IsVinyl(Has(UpperCase(trim), "VINYL")),
         IsCoil(Has(UpperCase(trim), "COIL")),
         Wrapped(IsVinyl || IsCoil) {}
@@ -36,7 +36,7 @@ struct Stock {
   bool IsVinyl, IsCoil, Wrapped;
 };
 
-double SidingArea(const EstimateRecord& plan) { return plan.ExtWallSidingA + plan.ExtWallSidingB + plan.GableSqFt; }
+double SidingArea(const EstimateRecord& plan) { return plan.ExtWallSidingFirstFloor + plan.ExtWallSidingSecondFloor + plan.GableSqFt; }
 
 // What is left of an area of squares of 100 square feet when its whole squares are taken out.
 double FractionOfSquare(double area) { return area / 100 - IntegerQuotient(area, 100); }
@@ -56,7 +56,7 @@ void BlockingAndFascia(TakeoffRun& run, const Stock& stock) {
     Emit(run, {.quantity = Int(Rnd(plan.FasciaLft * 1.1) / 12.5) + 1, .unit = "pcs.", .description = stock.trim, .label = "(Fascia)", .item = 57});
   if (stock.IsCoil && !stock.IsVinyl) {
     double C = Int(Rnd((plan.FasciaLft + plan.CarportBeamLft) * 1.15) / 100) + 1;
-    if (plan.Combo34Index == kBrick) C += Int(plan.EavesLft / 150.0) + 1;
+    if (plan.WallFinishIndex == kBrick) C += Int(plan.EavesLft / 150.0) + 1;
     Emit(run, {.quantity = C, .unit = "rls.", .description = stock.trim, .label = "(Fascia)", .item = 57});
   }
   if (stock.Wrapped) {
@@ -76,20 +76,20 @@ void BrickTrim(TakeoffRun& run, const Stock& stock) {
   if (plan.EavesLft > 0 && stock.Wrapped)
     Emit(run, {.quantity = Rnd(plan.EavesLft * 1.1), .unit = "Lft.", .description = stock.frieze + " " + stock.grade, .label = "(Freize Board)", .item = 58, .priceKey = stock.frieze + " #2 SYP"});
   if (plan.EavesLft <= 0 && !stock.Wrapped)
-    Emit(run, {.quantity = Rnd(plan.Disp03 * 2 * 1.1), .unit = "Lft.", .description = stock.frieze + " " + stock.trim, .label = "(Freize Board)", .item = 58});
+    Emit(run, {.quantity = Rnd(plan.OverallLength * 2 * 1.1), .unit = "Lft.", .description = stock.frieze + " " + stock.trim, .label = "(Freize Board)", .item = 58});
   if (plan.EavesLft <= 0 && stock.Wrapped) {
-    const double Q = Emit(run, {.quantity = Rnd(plan.Disp03 * 2 * 1.1), .unit = "Lft.", .description = stock.frieze + " #2 SYP", .label = "(Freize Board)", .item = 58});
+    const double Q = Emit(run, {.quantity = Rnd(plan.OverallLength * 2 * 1.1), .unit = "Lft.", .description = stock.frieze + " #2 SYP", .label = "(Freize Board)", .item = 58});
     const int R = Has(UpperCase(stock.frieze), "10") ? 100 : 150;
     Emit(run, {.quantity = IntegerQuotient(Q, R) + 1, .unit = "rls.", .description = "PVC TRIM COIL", .label = "(Trim Coil)", .item = 59});
   }
   Emit(run, {.quantity = Rnd(plan.HeaderLft * 1.1), .unit = "Lft.", .description = "1X5 " + (stock.Wrapped ? stock.grade : stock.trim), .label = "(Trim Bd., Wdw.)", .item = 60});
-  Emit(run, {.quantity = Int(Int((plan.ExtWallLftFirstFloor + plan.ExtWallLftSecondFloor + plan.GarageWallLftA) * 0.75 * 5) / 500) + 1, .unit = "boxes", .description = "22 ga. WALL TIES", .label = "(Brick Ties)", .item = 61});
+  Emit(run, {.quantity = Int(Int((plan.ExtWallLftFirstFloor + plan.ExtWallLftSecondFloor + plan.GarageWallLftSheathed) * 0.75 * 5) / 500) + 1, .unit = "boxes", .description = "22 ga. WALL TIES", .label = "(Brick Ties)", .item = 61});
 }
 
 void ChannelsOrMould(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
   if (Has(UpperCase(stock.mould), "VINYL")) {
-    if (plan.Combo34Index != kBrick)
+    if (plan.WallFinishIndex != kBrick)
       Emit(run, {.quantity = Int(plan.EavesLft * 1.1 / 12.5) + 1, .unit = "pcs.", .description = "1/2\" x 12'6\" VINYL J-CHANNEL", .label = "(Eave Channel)", .item = 62});
     Emit(run, {.quantity = Int((plan.FasciaLft - plan.EavesLft) * 1.1 / 12.5) + 1, .unit = "pcs.", .description = "3/4\" x 12'6\" VINYL J-CHANNEL", .label = "(Rake Channel)", .item = 63});
   } else {
@@ -101,17 +101,17 @@ void Soffit(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
   double SoffitPieceWidth = 32;
   double SoffitWidthRatio = 1.0;
-  if (plan.Combo33Index == 2) {
+  if (plan.RoofOverhangIndex == 2) {
     SoffitPieceWidth = 24;
     SoffitWidthRatio = 0.75;
   }
-  if (plan.Combo33Index == 3) {
+  if (plan.RoofOverhangIndex == 3) {
     SoffitPieceWidth = 16;
     SoffitWidthRatio = 0.5;
   }
   if (stock.Wrapped) {
     Emit(run, {.quantity = Int((plan.FasciaLft / SoffitWidthRatio + plan.CarportSqFt) / 12) + 1, .unit = "pcs.", .description = stock.soffit + " SOFFIT PANEL", .label = "(Soffit, Clg.'s)", .item = 65});
-    if (plan.CarportSqFt != plan.Disp36Tag)
+    if (plan.CarportSqFt != plan.CarportSqFtUnmulled)
       Emit(run, {.quantity = 2, .unit = "pcs.", .description = "12'6 VINYL T-CHANNEL", .label = "(Mull)"});
     // A ceiling as square as its area allows, with strips across it.
     const double side = Int(Sqr(plan.CarportSqFt)) + 1;
@@ -124,37 +124,37 @@ void Soffit(TakeoffRun& run, const Stock& stock) {
 
 void PorchAndVents(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
-  if (plan.Combo27Index == 1) {
+  if (plan.CarportOrPorchIndex == 1) {
     Emit(run, {.quantity = Rnd(plan.CarportSqFt / 3.0), .unit = "Lft.", .description = "1-1/2 FIR LATTICE", .label = "(Porch/Carport)"});
     Emit(run, {.quantity = Rnd(plan.CarportBeamLft * 1.1), .unit = "Lft.", .description = "1X6 " + stock.trim, .label = "(Box Beam)", .item = 67});
   }
   if (plan.EavesLft > 0)
     Emit(run, {.quantity = Int(plan.EavesLft * 1.1 / 8 + 0.9), .unit = "pcs.", .description = "8 FT. MF EAVE VENT", .label = "(Soffit Vent)", .item = 68});
   else
-    Emit(run, {.quantity = Int(plan.Disp03 * 2 * 1.1 / 8 + 0.9), .unit = "pcs.", .description = "8 FT. MF EAVE VENT", .label = "(Soffit Vent)", .item = 68});
+    Emit(run, {.quantity = Int(plan.OverallLength * 2 * 1.1 / 8 + 0.9), .unit = "pcs.", .description = "8 FT. MF EAVE VENT", .label = "(Soffit Vent)", .item = 68});
 }
 
 void PanelSiding(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
   // Gables under 9-foot panels still go by the 8-foot one, and the second floor always takes 9-foot panels.
-  if (plan.Combo39Index == 1)
-    Emit(run, {.quantity = Rnd(plan.ExtWallSidingA / 32.0 + plan.GableSqFt / 32.0), .unit = "pcs.", .description = "4X8 " + stock.panel, .label = "(Ext. Sdg.-1 Fl.)", .item = 69});
-  if (plan.Combo39Index == 2)
-    Emit(run, {.quantity = Rnd(plan.ExtWallSidingA / 36.0 + plan.GableSqFt / 32.0), .unit = "pcs.", .description = "4X9 " + stock.panel, .label = "(Ext. Sdg.-1 Fl.)", .item = 69});
-  if (plan.Combo39Index == 3)
-    Emit(run, {.quantity = Rnd(plan.ExtWallSidingA / 40.0 + plan.GableSqFt / 40.0), .unit = "pcs.", .description = "4X10 " + stock.panel, .label = "(Ext. Sdg.-1 Fl.)", .item = 69});
+  if (plan.PanelHeightIndex == 1)
+    Emit(run, {.quantity = Rnd(plan.ExtWallSidingFirstFloor / 32.0 + plan.GableSqFt / 32.0), .unit = "pcs.", .description = "4X8 " + stock.panel, .label = "(Ext. Sdg.-1 Fl.)", .item = 69});
+  if (plan.PanelHeightIndex == 2)
+    Emit(run, {.quantity = Rnd(plan.ExtWallSidingFirstFloor / 36.0 + plan.GableSqFt / 32.0), .unit = "pcs.", .description = "4X9 " + stock.panel, .label = "(Ext. Sdg.-1 Fl.)", .item = 69});
+  if (plan.PanelHeightIndex == 3)
+    Emit(run, {.quantity = Rnd(plan.ExtWallSidingFirstFloor / 40.0 + plan.GableSqFt / 40.0), .unit = "pcs.", .description = "4X10 " + stock.panel, .label = "(Ext. Sdg.-1 Fl.)", .item = 69});
   if (plan.SecondFloorType == 2)
-    Emit(run, {.quantity = Rnd(plan.ExtWallSidingB / 36.0), .unit = "pcs.", .description = "4X9 " + stock.panel, .label = "(Ext. Sdg.-2 Fl.)", .item = 70});
+    Emit(run, {.quantity = Rnd(plan.ExtWallSidingSecondFloor / 36.0), .unit = "pcs.", .description = "4X9 " + stock.panel, .label = "(Ext. Sdg.-2 Fl.)", .item = 70});
 }
 
 void LapSiding(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
   const double S = SidingArea(plan);
-  if (plan.Combo36Index < 4)
+  if (plan.SidingIndex < 4)
     Emit(run, {.quantity = Int(S * 1.3 * 1.5), .unit = "Lft.", .description = stock.siding, .label = "(Exterior Sdg.)", .item = 71});
-  else if (plan.Combo36Index <= 6)
+  else if (plan.SidingIndex <= 6)
     Emit(run, {.quantity = Int(S * 1.25 / 10.67), .unit = "pcs.", .description = stock.siding, .label = "(Exterior Sdg.)", .item = 71});
-  else if (plan.Combo36Index <= 8)
+  else if (plan.SidingIndex <= 8)
     Emit(run, {.quantity = Int(S * 1.15 / 16), .unit = "pcs.", .description = stock.siding, .label = "(Exterior Sdg.)", .item = 71});
   else
     Emit(run, {.quantity = Int(S * 1.3 / 8.25), .unit = "pcs.", .description = stock.siding, .label = "(Exterior Sdg.)", .item = 71});
@@ -162,12 +162,12 @@ void LapSiding(TakeoffRun& run, const Stock& stock) {
 
 void CornersAndFlashing(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
-  const double cornerLft = (plan.Disp01 + plan.Disp50) * 10.0;
+  const double cornerLft = (plan.OutsideCornersFirstFloor + plan.OutsideCornersSecondFloor) * 10.0;
   Emit(run, {.quantity = cornerLft, .unit = "Lft.", .description = CornerBoard(stock.corner, "X4"), .label = "(Corner Boards)", .item = 72});
   Emit(run, {.quantity = cornerLft, .unit = "Lft.", .description = CornerBoard(stock.corner, "X5"), .label = "(Corner Boards)", .item = 72});
   Emit(run, {.quantity = Rnd(plan.HeaderLft / 10.0), .unit = "pcs.", .description = "10 FT. ALUM. DRIP CAP", .label = "(Flashing)", .item = 73});
-  if (plan.Combo34Index == kPanelSiding) {
-    const double F = RoundEven(plan.ExtWallLftFirstFloor + plan.ExtWallLftSecondFloor - plan.Disp02 * 2 + 0.5);
+  if (plan.WallFinishIndex == kPanelSiding) {
+    const double F = RoundEven(plan.ExtWallLftFirstFloor + plan.ExtWallLftSecondFloor - plan.HeatedLength * 2 + 0.5);
     Emit(run, {.quantity = Rnd(F * 1.1 / 10), .unit = "pcs.", .description = "1-1/4\" X 10 FT. Z FLASHING", .label = "(Z Flashing)", .item = 74});
   }
 }
@@ -184,12 +184,12 @@ void VinylSiding(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
   const double S = SidingArea(plan);
   const int Extra = FractionOfSquare(S) > 0 ? 1 : 0;
-  Emit(run, {.quantity = Int((plan.ExtWallLftFirstFloor + 2 * (plan.Disp03 - plan.Disp02)) * 1.1 / 10), .unit = "pcs.", .description = "10' VINYL STARTER STRIP", .label = "(Vinyl Starter)", .item = 76});
-  Emit(run, {.quantity = Int(plan.Disp03 * 1.1 / 12.5), .unit = "pcs.", .description = "12'6\" VINYL UNDERSILL TRIM", .label = "(Trim)", .item = 77});
-  Emit(run, {.quantity = Int(plan.Disp03 / 12.5) + Int(plan.Disp03 / 3.0), .unit = "pcs.", .description = "3/4\" x 12'6\" VINYL J-CHANNEL", .label = "(Wd/Dr Channel)", .item = 78});
+  Emit(run, {.quantity = Int((plan.ExtWallLftFirstFloor + 2 * (plan.OverallLength - plan.HeatedLength)) * 1.1 / 10), .unit = "pcs.", .description = "10' VINYL STARTER STRIP", .label = "(Vinyl Starter)", .item = 76});
+  Emit(run, {.quantity = Int(plan.OverallLength * 1.1 / 12.5), .unit = "pcs.", .description = "12'6\" VINYL UNDERSILL TRIM", .label = "(Trim)", .item = 77});
+  Emit(run, {.quantity = Int(plan.OverallLength / 12.5) + Int(plan.OverallLength / 3.0), .unit = "pcs.", .description = "3/4\" x 12'6\" VINYL J-CHANNEL", .label = "(Wd/Dr Channel)", .item = 78});
   Emit(run, {.quantity = Int(S / 100) + Extra, .unit = "Sqr.", .description = stock.siding, .label = "(Exterior Siding)", .item = 79, .secondLabel = "(Exterior Siding)"});
-  Emit(run, {.quantity = static_cast<double>(plan.Disp01 + plan.Disp50), .unit = "pcs.", .description = "OS " + stock.corner, .label = "(OS Corners)", .item = 80});
-  const int insideCorners = (plan.Disp01 - 4) + (plan.Disp50 - 4);
+  Emit(run, {.quantity = static_cast<double>(plan.OutsideCornersFirstFloor + plan.OutsideCornersSecondFloor), .unit = "pcs.", .description = "OS " + stock.corner, .label = "(OS Corners)", .item = 80});
+  const int insideCorners = (plan.OutsideCornersFirstFloor - 4) + (plan.OutsideCornersSecondFloor - 4);
   if (insideCorners > 0)
     Emit(run, {.quantity = static_cast<double>(insideCorners), .unit = "pcs.", .description = "IS " + stock.corner, .label = "(IS Corners)", .item = 81});
 }
@@ -201,7 +201,7 @@ void VinylSiding(TakeoffRun& run, const Stock& stock) {
 void PrintExteriorTrim(TakeoffRun& run) {
   if ((run.sectionMask & kExteriorTrim) != 0) {
     const Stock stock(run.plan);
-    const int finish = run.plan.Combo34Index;
+    const int finish = run.plan.WallFinishIndex;
     BeginSection(run, kHeading, 34);
     BlockingAndFascia(run, stock);
     if (finish == kBrick) BrickTrim(run, stock);

@@ -13,11 +13,11 @@ constexpr std::string_view kHeading = "1st FLOOR - FLOOR SYSTEM";
 
 struct Stock {
   explicit Stock(const EstimateRecord& plan)
-      : grade(plan.Combo00Text.Trimmed()),
-        sillPlate(plan.Combo23Text.Trimmed()),
+      : grade(plan.FramingGrade.Trimmed()),
+        sillPlate(plan.SillPlate.Trimmed()),
         sill(plan.SillSize.Trimmed()),
         girder(plan.GirderSize.Trimmed()),
-        dropGirder(plan.Combo20Text.Trimmed()),
+        dropGirder(plan.DropGirderSize.Trimmed()),
         joist(CompleteJoistText(plan.FloorJoistSize.Trimmed())),
         sheathing(plan.FloorSheathing.Trimmed()) {}
 
@@ -56,10 +56,10 @@ void PierAndCurtain(TakeoffRun& run, const Stock& stock) {
     if (plan.SillLft[i] <= 0) continue;
     const int Len = StockLength(i);
     // The key has one blank behind the length, the text has two.
-    Emit(run, {.quantity = Rnd(IntegerQuotient(plan.SillLft[i] * 1.1 * plan.Combo21Index, Len)), .unit = "pcs.", .description = stock.sill + "-" + PrintedNumber(Len) + " " + stock.grade, .label = "(Sill)", .item = 3, .priceKey = stock.sill + KeyLength(Len) + " " + stock.grade});
+    Emit(run, {.quantity = Rnd(IntegerQuotient(plan.SillLft[i] * 1.1 * plan.SillPly, Len)), .unit = "pcs.", .description = stock.sill + "-" + PrintedNumber(Len) + " " + stock.grade, .label = "(Sill)", .item = 3, .priceKey = stock.sill + KeyLength(Len) + " " + stock.grade});
   }
   // The price list holds the ledgers by the foot, so their key begins with the unit.
-  Emit(run, {.quantity = Rnd(plan.Disp02 * 1.1 * 2), .unit = "Lft.", .description = "2X2 " + stock.grade, .label = "(Ledger-Sills)", .item = 4, .priceKey = "Lft. 2X2 " + stock.grade});
+  Emit(run, {.quantity = Rnd(plan.HeatedLength * 1.1 * 2), .unit = "Lft.", .description = "2X2 " + stock.grade, .label = "(Ledger-Sills)", .item = 4, .priceKey = "Lft. 2X2 " + stock.grade});
 }
 
 void Girders(TakeoffRun& run, const Stock& stock) {
@@ -70,8 +70,8 @@ void Girders(TakeoffRun& run, const Stock& stock) {
     if (plan.MajorGirderLft[i] <= 0) continue;
     const int Len = StockLength(i);
     GirderLft += plan.MajorGirderLft[i];
-    GirderLft += plan.Disp09[i];
-    Emit(run, {.quantity = Rnd(plan.MajorGirderLft[i] * 1.1 * Ply / Len + plan.Disp09[i] * 1.1 * (Ply + 1) / Len), .unit = "pcs.", .description = stock.girder + "-" + PrintedNumber(Len) + stock.grade, .label = "(Girders)", .item = 5, .priceKey = stock.girder + KeyLength(Len) + " " + stock.grade});
+    GirderLft += plan.WiderGirderLft[i];
+    Emit(run, {.quantity = Rnd(plan.MajorGirderLft[i] * 1.1 * Ply / Len + plan.WiderGirderLft[i] * 1.1 * (Ply + 1) / Len), .unit = "pcs.", .description = stock.girder + "-" + PrintedNumber(Len) + stock.grade, .label = "(Girders)", .item = 5, .priceKey = stock.girder + KeyLength(Len) + " " + stock.grade});
   }
   if (GirderLft != 0)
     Emit(run, {.quantity = Int(GirderLft * 2 * 1.1), .unit = "Lft.", .description = "2X2 " + stock.grade, .label = "(Ledger-Girders)", .item = 6, .priceKey = "Lft. 2X2 " + stock.grade});
@@ -79,7 +79,7 @@ void Girders(TakeoffRun& run, const Stock& stock) {
 
 void DropGirders(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
-  const int DropPly = plan.Combo19Index == 4 ? 1 : plan.Combo19Index;
+  const int DropPly = plan.DropGirderPly == 4 ? 1 : plan.DropGirderPly;
   const bool laminated = Has(stock.dropGirder, "LVL");
   double DropLft = 0;
   for (std::size_t i = 0; i < plan.DropGirderLft.size(); ++i) {
@@ -98,14 +98,14 @@ void DropGirders(TakeoffRun& run, const Stock& stock) {
 void IJoistBand(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
   Emit(run, {.quantity = Int(plan.ExtWallLftFirstFloor / 24.0 + 0.5) + 1, .unit = "pcs.", .description = RimBoard(stock.joist), .label = "(Band)", .item = 8});
-  Emit(run, {.quantity = Int(plan.Disp01 * 4) + Int(Rnd(plan.Disp02 * 2 / 25.0) * 4), .unit = "lft.", .description = UpToAndWith(stock.joist, "PRI-400"), .label = "(Blocking)", .item = 9, .priceKey = IJoistKey(run, stock.joist)});
+  Emit(run, {.quantity = Int(plan.OutsideCornersFirstFloor * 4) + Int(Rnd(plan.HeatedLength * 2 / 25.0) * 4), .unit = "lft.", .description = UpToAndWith(stock.joist, "PRI-400"), .label = "(Blocking)", .item = 9, .priceKey = IJoistKey(run, stock.joist)});
 }
 
 void Joists(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
   for (std::size_t i = 0; i < plan.BayAreaLftFirstFloor.size(); ++i) {
     if (plan.BayAreaLftFirstFloor[i] == 0) continue;
-    const int length = plan.Joist0[i];
+    const int length = plan.JoistLengthFirstFloor[i];
     if (!IsIJoist(stock.joist)) {
       Emit(run, {.quantity = Rnd(plan.BayAreaLftFirstFloor[i] * 0.9), .unit = "pcs.", .description = stock.joist + "-" + PrintedNumber(length) + stock.grade, .label = "(Flr. Joist)", .item = 10, .priceKey = stock.joist + KeyLength(length) + " " + stock.grade});
     } else {
@@ -117,15 +117,15 @@ void Joists(TakeoffRun& run, const Stock& stock) {
 
 void Sheathing(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
-  Emit(run, {.quantity = Rnd(plan.HeatedSqFtA * 1.1 / 32), .unit = "pcs.", .description = stock.sheathing, .label = "(Floor Sheathing)", .item = 12});
+  Emit(run, {.quantity = Rnd(plan.HeatedSqFtFirstFloor * 1.1 / 32), .unit = "pcs.", .description = stock.sheathing, .label = "(Floor Sheathing)", .item = 12});
   if (plan.FloorSheathingIndex > 2)
-    Emit(run, {.quantity = Rnd(plan.HeatedSqFtA / 29.0 / 5), .unit = "tubes", .description = "29 OZ. CONSTRUCTION ADHESIVE", .label = "(Flr. Adhesive)", .item = 13});
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtFirstFloor / 29.0 / 5), .unit = "tubes", .description = "29 OZ. CONSTRUCTION ADHESIVE", .label = "(Flr. Adhesive)", .item = 13});
 }
 
 void Nails(TakeoffRun& run) {
   const EstimateRecord& plan = run.plan;
-  const double Lbs16 = Rnd(plan.HeatedSqFtA / 100.0) * 12 + Rnd(plan.GarageSqFt / 100.0) * 5 + Rnd(plan.CarportSqFt / 100.0) * 3;
-  const double Lbs8 = Rnd(plan.HeatedSqFtA / 100.0) * 5 + Rnd(plan.GarageSqFt / 100.0) * 3 + Rnd(plan.CarportSqFt / 100.0) * 2;
+  const double Lbs16 = Rnd(plan.HeatedSqFtFirstFloor / 100.0) * 12 + Rnd(plan.GarageSqFt / 100.0) * 5 + Rnd(plan.CarportSqFt / 100.0) * 3;
+  const double Lbs8 = Rnd(plan.HeatedSqFtFirstFloor / 100.0) * 5 + Rnd(plan.GarageSqFt / 100.0) * 3 + Rnd(plan.CarportSqFt / 100.0) * 2;
   EmitNails(run, {.pounds = Lbs16, .countPerPound = 49, .description = "16d COMMON NAILS", .label = "(1st Flr. Nails)", .item = 14});
   EmitNails(run, {.pounds = Lbs8, .countPerPound = 106, .description = "8d COMMON NAILS", .label = "(1st Flr. Nails)", .item = 14});
 }
@@ -144,7 +144,7 @@ void PrintFirstFloorFloorSystem(TakeoffRun& run) {
     if (crawlSpace && plan.FoundationType == 1) FoundationWall(run, stock);
     if (crawlSpace && plan.FoundationType == 2) PierAndCurtain(run, stock);
     if (plan.GirderPly > 1) Girders(run, stock);
-    if (plan.Combo19Index != 1) DropGirders(run, stock);
+    if (plan.DropGirderPly != 1) DropGirders(run, stock);
     if (IsIJoist(stock.joist)) IJoistBand(run, stock);
     Joists(run, stock);
     Sheathing(run, stock);

@@ -36,11 +36,11 @@ std::string IntStudTextOf(std::string_view studs) {
 
 struct Stock {
   explicit Stock(const EstimateRecord& plan)
-      : grade(plan.Combo00Text.Trimmed()),
+      : grade(plan.FramingGrade.Trimmed()),
         plates(plan.ShoePlates.Trimmed()),
         studs(plan.PreCutStuds.Trimmed()),
         IntStudText(IntStudTextOf(studs)),
-        bracing(plan.Combo05Text.Trimmed()),
+        bracing(plan.CornerBracing.Trimmed()),
         sheathing(plan.WallSheathing.Trimmed()),
         StudHeight(StudHeightOf(studs)),
         wide(Has(studs, "X6")),
@@ -58,9 +58,9 @@ struct Stock {
 
 void VaporBarrier(TakeoffRun& run) {
   const EstimateRecord& plan = run.plan;
-  if (plan.Combo34Index == 1)
+  if (plan.WallFinishIndex == 1)
     Emit(run, {.quantity = 1, .unit = "roll", .description = "18 INCH BLACK VAPOR FILM ", .label = "(Vapor barrier)", .item = 15, .priceKey = "18 INCH BLACK VAPOR FILM"});
-  if (plan.Combo34Index == 2 || plan.Combo34Index == 3)
+  if (plan.WallFinishIndex == 2 || plan.WallFinishIndex == 3)
     Emit(run, {.quantity = 1, .unit = "roll", .description = "12 INCH BLACK VAPOR FILM ", .label = "(Vapor barrier)", .item = 15, .priceKey = "12 INCH BLACK VAPOR FILM"});
 }
 
@@ -105,12 +105,12 @@ void CrawlSpaceWalls(TakeoffRun& run, const Stock& stock) {
 
 void Bracing(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
-  if (plan.Combo05Index == 1)
-    Emit(run, {.quantity = Rnd(plan.Disp01 * 2 + plan.IntWallLftFirstFloor / 12.0), .unit = "pcs.", .description = stock.bracing, .label = "(Bracing, Blk.)", .priceKey = "1X4-12 #2 SYP"});
-  if (plan.Combo05Index == 2)
-    Emit(run, {.quantity = Rnd(plan.Disp01 * 2 + plan.IntWallLftFirstFloor / 12.0), .unit = "pcs.", .description = stock.bracing, .label = "(Bracing, Blk.)", .priceKey = "DIAG. METAL BRACING"});
-  if (plan.Combo05Index > 2) {
-    Emit(run, {.quantity = Int(plan.Disp01 * 8 * stock.StudHeight / 32.0), .unit = "pcs.", .description = "4X8- " + stock.bracing, .label = "(Corner Bracing)"});
+  if (plan.CornerBracingIndex == 1)
+    Emit(run, {.quantity = Rnd(plan.OutsideCornersFirstFloor * 2 + plan.IntWallLftFirstFloor / 12.0), .unit = "pcs.", .description = stock.bracing, .label = "(Bracing, Blk.)", .priceKey = "1X4-12 #2 SYP"});
+  if (plan.CornerBracingIndex == 2)
+    Emit(run, {.quantity = Rnd(plan.OutsideCornersFirstFloor * 2 + plan.IntWallLftFirstFloor / 12.0), .unit = "pcs.", .description = stock.bracing, .label = "(Bracing, Blk.)", .priceKey = "DIAG. METAL BRACING"});
+  if (plan.CornerBracingIndex > 2) {
+    Emit(run, {.quantity = Int(plan.OutsideCornersFirstFloor * 8 * stock.StudHeight / 32.0), .unit = "pcs.", .description = "4X8- " + stock.bracing, .label = "(Corner Bracing)"});
     const double BraceLft = plan.IntWallLftFirstFloor < 1 ? plan.HeaderLft : plan.IntWallLftFirstFloor;
     if (Rnd(BraceLft / 12) > 0)
       Emit(run, {.quantity = Rnd(BraceLft / 12), .unit = "pcs.", .description = "1X4-12 #2 SYP", .label = "(Bracing, Blk.)"});
@@ -129,25 +129,25 @@ void HeadersAndBeams(TakeoffRun& run, const Stock& stock) {
 
 void Sheathing(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
-  const int sheetHeight = plan.Combo13Index + 7;
+  const int sheetHeight = plan.WallSheetHeightIndex + 7;
   const double SheetArea = 4.0 * sheetHeight;
   const std::string SheetText = "4X" + Digits(sheetHeight) + "- " + stock.sheathing;
   // A sheet of no height, which no screen can choose, covers nothing.
   const auto sheets = [SheetArea](double area) { return SheetArea == 0 ? 0 : Rnd(area / SheetArea); };
   // Sheet bracing takes the place of 4 feet of sheathing at each corner.
-  if (plan.Combo05Index < 3)
+  if (plan.CornerBracingIndex < 3)
     Emit(run, {.quantity = sheets(plan.ExtWallLftFirstFloor * stock.StudHeight), .unit = "pcs.", .description = SheetText, .label = "(Wall Sheathing)", .item = 23});
   else
-    Emit(run, {.quantity = sheets(plan.ExtWallLftFirstFloor * stock.StudHeight - 4 * stock.StudHeight * plan.Disp01), .unit = "pcs.", .description = SheetText, .label = "(Wall Sheathing)", .item = 23});
-  Emit(run, {.quantity = Rnd((plan.GableSqFt + plan.ExtWallSidingB + plan.ExtWallSidingA) / 1700.0), .unit = "rolls", .description = "9'X 190' HOUSE WRAP", .label = "(House Wrap)", .item = 24});
+    Emit(run, {.quantity = sheets(plan.ExtWallLftFirstFloor * stock.StudHeight - 4 * stock.StudHeight * plan.OutsideCornersFirstFloor), .unit = "pcs.", .description = SheetText, .label = "(Wall Sheathing)", .item = 23});
+  Emit(run, {.quantity = Rnd((plan.GableSqFt + plan.ExtWallSidingSecondFloor + plan.ExtWallSidingFirstFloor) / 1700.0), .unit = "rolls", .description = "9'X 190' HOUSE WRAP", .label = "(House Wrap)", .item = 24});
 }
 
 // The two foundations choose the garage's board by different tests of wall finish and stud length.
 void GarageSheathing(TakeoffRun& run, const Stock& stock, bool slab) {
   const EstimateRecord& plan = run.plan;
   const auto studIsOneOf = [&](std::initializer_list<int> rows) { return std::find(rows.begin(), rows.end(), plan.PreCutStudsIndex) != rows.end(); };
-  MaterialLine line{.quantity = Rnd(plan.GarageWallLftA / 4.0), .unit = "pcs.", .description = "", .label = "(Wall Sheathing)", .item = 23};
-  if (slab ? plan.Combo34Index == 5 : plan.Combo34Index >= 4) {
+  MaterialLine line{.quantity = Rnd(plan.GarageWallLftSheathed / 4.0), .unit = "pcs.", .description = "", .label = "(Wall Sheathing)", .item = 23};
+  if (slab ? plan.WallFinishIndex == 5 : plan.WallFinishIndex >= 4) {
     line.description = "4X8-" + stock.sheathing;
     line.priceKey = "4X8- " + stock.sheathing;
   } else if (slab ? studIsOneOf({3, 4, 9, 10}) : !studIsOneOf({5, 6, 11, 12})) {
@@ -162,13 +162,13 @@ void GarageSheathing(TakeoffRun& run, const Stock& stock, bool slab) {
 
 void Garage(TakeoffRun& run, const Stock& stock, bool slab) {
   const EstimateRecord& plan = run.plan;
-  const double GarageLft = plan.GarageWallLftA + plan.GarageWallLftB;
-  Emit(run, {.quantity = Rnd(plan.GarageWallLftA * 1.1 / 16 + plan.GarageWallLftB * 1.1 / 16), .unit = "pcs.", .description = "2X4- 16 TREATED", .label = "(Shoe, Garage)", .item = 25});
+  const double GarageLft = plan.GarageWallLftSheathed + plan.GarageWallLftUnsheathed;
+  Emit(run, {.quantity = Rnd(plan.GarageWallLftSheathed * 1.1 / 16 + plan.GarageWallLftUnsheathed * 1.1 / 16), .unit = "pcs.", .description = "2X4- 16 TREATED", .label = "(Shoe, Garage)", .item = 25});
   if (slab)
     Emit(run, {.quantity = GarageLft, .unit = "ea. ", .description = stock.IntStudText + " SPF STUDS", .label = "(Garage Studs)", .item = 26});
   else
     Emit(run, {.quantity = GarageLft, .unit = "pcs.", .description = "2X4- 10 SPF STD & BTR", .label = "(Wall Studs)", .item = 26, .priceKey = "2X4- 10 SPF STANDARD & BETTER"});
-  Emit(run, {.quantity = Rnd(plan.GarageWallLftA * 4 / 16.0 + plan.GarageWallLftB * 4 / 16.0), .unit = "pcs.", .description = "2X4- 16 SPF " + stock.plates, .label = "(Plates, Blk.)", .item = 25});
+  Emit(run, {.quantity = Rnd(plan.GarageWallLftSheathed * 4 / 16.0 + plan.GarageWallLftUnsheathed * 4 / 16.0), .unit = "pcs.", .description = "2X4- 16 SPF " + stock.plates, .label = "(Plates, Blk.)", .item = 25});
   GarageSheathing(run, stock, slab);
 }
 
@@ -199,7 +199,7 @@ void PrintFirstFloorWallSystem(TakeoffRun& run) {
     Bracing(run, stock);
     HeadersAndBeams(run, stock);
     Sheathing(run, stock);
-    if (plan.Combo26Index != 2) Garage(run, stock, slab);
+    if (plan.GarageOrStorageIndex != 2) Garage(run, stock, slab);
     if (slab) SlabNails(run);
   }
   EndSection(run, kHeading);

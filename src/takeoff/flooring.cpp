@@ -15,23 +15,23 @@ constexpr std::string_view kHeading = "FLOORING";
 void FeltAndParticleboard(TakeoffRun& run, int FloorLevels) {
   const EstimateRecord& plan = run.plan;
   if (FloorLevels == 1)
-    Emit(run, {.quantity = Int(plan.HeatedSqFtB / 400.0 + 0.9975), .unit = "ea.", .description = "#15 FELT ROLL", .label = "(Underlay-Floor)", .item = 82});
+    Emit(run, {.quantity = Int(plan.HeatedSqFtSecondFloor / 400.0 + 0.9975), .unit = "ea.", .description = "#15 FELT ROLL", .label = "(Underlay-Floor)", .item = 82});
   else
-    Emit(run, {.quantity = Int(plan.HeatedSqFtB / 400.0 + plan.HeatedSqFtA / 400.0 + 0.9975), .unit = "ea.", .description = "#15 FELT ROLL", .label = "(Underlay-Floor)", .item = 82});
+    Emit(run, {.quantity = Int(plan.HeatedSqFtSecondFloor / 400.0 + plan.HeatedSqFtFirstFloor / 400.0 + 0.9975), .unit = "ea.", .description = "#15 FELT ROLL", .label = "(Underlay-Floor)", .item = 82});
   if (FloorLevels == 1)
-    Emit(run, {.quantity = Rnd((plan.HeatedSqFtB - plan.Disp31) * 0.025), .unit = "pcs.", .description = "5/8-4X8 PARTICLEBOARD", .label = "(Underlay-Floor)", .item = 83});
+    Emit(run, {.quantity = Rnd((plan.HeatedSqFtSecondFloor - plan.OakFlooringSqFt) * 0.025), .unit = "pcs.", .description = "5/8-4X8 PARTICLEBOARD", .label = "(Underlay-Floor)", .item = 83});
   else
-    Emit(run, {.quantity = Rnd((plan.HeatedSqFtB - plan.Disp31) * 0.025 + plan.HeatedSqFtA * 0.025), .unit = "pcs.", .description = "5/8-4X8 PARTICLEBOARD", .label = "(Underlayment)", .item = 83});
+    Emit(run, {.quantity = Rnd((plan.HeatedSqFtSecondFloor - plan.OakFlooringSqFt) * 0.025 + plan.HeatedSqFtFirstFloor * 0.025), .unit = "pcs.", .description = "5/8-4X8 PARTICLEBOARD", .label = "(Underlayment)", .item = 83});
 }
 
 void UnderlaymentAndOak(TakeoffRun& run, int FloorLevels) {
   const EstimateRecord& plan = run.plan;
   if (FloorLevels == 1)
-    Emit(run, {.quantity = Rnd(plan.HeatedSqFtB * 0.0075), .unit = "pcs.", .description = "4X8 UNDERLAYMENT", .label = "(Underlayment)", .item = 83});
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtSecondFloor * 0.0075), .unit = "pcs.", .description = "4X8 UNDERLAYMENT", .label = "(Underlayment)", .item = 83});
   else
-    Emit(run, {.quantity = Rnd(plan.HeatedSqFtB * 0.0075 + plan.HeatedSqFtA * 0.0075), .unit = "pcs.", .description = "4X8 UNDERLAYMENT", .label = "(Underlayment)", .item = 83});
-  if (plan.Combo25Index == 1)
-    Emit(run, {.quantity = Rnd(plan.Disp31 * 1.35), .unit = "bd ft", .description = "SELECT RED OAK FLG.", .label = "(Finish Flg.)", .item = 84});
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtSecondFloor * 0.0075 + plan.HeatedSqFtFirstFloor * 0.0075), .unit = "pcs.", .description = "4X8 UNDERLAYMENT", .label = "(Underlayment)", .item = 83});
+  if (plan.OakFlooringIndex == 1)
+    Emit(run, {.quantity = Rnd(plan.OakFlooringSqFt * 1.35), .unit = "bd ft", .description = "SELECT RED OAK FLG.", .label = "(Finish Flg.)", .item = 84});
 }
 
 // clang-format on

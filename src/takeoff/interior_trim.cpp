@@ -26,13 +26,13 @@ void PrintInteriorTrim(TakeoffRun& run) {
   if ((run.sectionMask & kInteriorTrim) != 0) {
     BeginSection(run, kHeading, 29);
     // clang-format off
-    Emit(run, {.quantity = Rnd(plan.ExtWallLftFirstFloor * 0.85 + plan.IntWallLftFirstFloor * 2 * 0.85), .unit = "Lft.", .description = plan.Combo12Text.Trimmed(), .label = "(1st floor)", .item = 88});
+    Emit(run, {.quantity = Rnd(plan.ExtWallLftFirstFloor * 0.85 + plan.IntWallLftFirstFloor * 2 * 0.85), .unit = "Lft.", .description = plan.BaseMouldFirstFloor.Trimmed(), .label = "(1st floor)", .item = 88});
     if (plan.SecondFloorType == 2)
-      Emit(run, {.quantity = Rnd(plan.Disp52 + plan.Disp53 + plan.ExtWallLftSecondFloor * 0.85 + plan.IntWallLftSecondFloor * 2 * 0.85), .unit = "Lft.", .description = plan.Combo31Text.Trimmed(), .label = "(Base 2fl.)", .item = 89});
-    Emit(run, {.quantity = Rnd(plan.HeatedSqFtA / 16.6 + plan.HeatedSqFtB / 16.6), .unit = "Lft.", .description = "1X12 #2 SPRUCE", .label = "(Shelving)", .item = 90});
-    Emit(run, {.quantity = Rnd(plan.HeatedSqFtA / 12.5 + plan.HeatedSqFtB / 12.5), .unit = "Lft.", .description = "FIR SHOE MOULD", .label = "(Int. Trim)", .item = 91});
-    Emit(run, {.quantity = Rnd(plan.HeatedSqFtA / 41.6 + plan.HeatedSqFtB / 41.6), .unit = "Lft.", .description = "1-3/8 FIR FULL ROUND", .label = "(Closet Rod)", .item = 92});
-    Emit(run, {.quantity = Rnd(plan.HeatedSqFtA / 50.0 + plan.HeatedSqFtB / 50.0), .unit = "Lft.", .description = "1X6 #2 SPRUCE", .label = "(Closet Cleats)", .item = 93});
+      Emit(run, {.quantity = Rnd(plan.KneeWallLft + plan.HalfStoryBaseMouldLft + plan.ExtWallLftSecondFloor * 0.85 + plan.IntWallLftSecondFloor * 2 * 0.85), .unit = "Lft.", .description = plan.BaseMouldSecondFloor.Trimmed(), .label = "(Base 2fl.)", .item = 89});
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtFirstFloor / 16.6 + plan.HeatedSqFtSecondFloor / 16.6), .unit = "Lft.", .description = "1X12 #2 SPRUCE", .label = "(Shelving)", .item = 90});
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtFirstFloor / 12.5 + plan.HeatedSqFtSecondFloor / 12.5), .unit = "Lft.", .description = "FIR SHOE MOULD", .label = "(Int. Trim)", .item = 91});
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtFirstFloor / 41.6 + plan.HeatedSqFtSecondFloor / 41.6), .unit = "Lft.", .description = "1-3/8 FIR FULL ROUND", .label = "(Closet Rod)", .item = 92});
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtFirstFloor / 50.0 + plan.HeatedSqFtSecondFloor / 50.0), .unit = "Lft.", .description = "1X6 #2 SPRUCE", .label = "(Closet Cleats)", .item = 93});
     // clang-format on
     NarrowCleats(run);
   }

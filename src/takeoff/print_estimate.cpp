@@ -56,7 +56,7 @@ EstimateTotals PrintEstimate(const EstimatePrint& print, const TakeoffData& data
   PrintRoofSystem(run);
   PrintExteriorTrim(run);
   // The inside of a slab building is listed only where it is to be finished.
-  if (run.plan.Combo15Text.Trimmed() == kFinished || (run.plan.PlanType & kSlab) == 0) {
+  if (run.plan.SlabInterior.Trimmed() == kFinished || (run.plan.PlanType & kSlab) == 0) {
     PrintFlooring(run);
     PrintSheetrock(run);
     PrintInteriorTrim(run);

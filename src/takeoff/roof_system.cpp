@@ -111,12 +111,12 @@ RoofTables SumUp(const EstimateRecord& plan) {
 
 struct Stock {
   explicit Stock(const EstimateRecord& plan)
-      : grade(plan.Combo00Text.Trimmed()),
+      : grade(plan.FramingGrade.Trimmed()),
         plates(plan.ShoePlates.Trimmed()),
         wallSheathing(plan.WallSheathing.Trimmed()),
         roofSheathing(plan.RoofSheathing.Trimmed()),
         roofing(plan.Roofing.Trimmed()),
-        fascia(plan.Combo09Text.Trimmed()) {}
+        fascia(plan.FasciaBoard.Trimmed()) {}
 
   std::string grade, plates, wallSheathing, roofSheathing, roofing, fascia;
 };
@@ -127,7 +127,7 @@ void GableSheathing(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
   if (plan.GableSqFt <= 0) return;
   constexpr int kBrickOrBit256 = 768;
-  if ((plan.PlanType & kBrickOrBit256) == 0 && plan.Combo34Index < 4)
+  if ((plan.PlanType & kBrickOrBit256) == 0 && plan.WallFinishIndex < 4)
     Emit(run, {.quantity = Rnd(plan.GableSqFt * 1.1 / 32), .unit = "pcs.", .description = "4X8- 1/2 REG. INS. BD.", .label = "(Gable Sheathing)", .priceKey = "4X8- 1/2 REGULAR"});
   else
     Emit(run, {.quantity = Rnd(plan.GableSqFt * 1.1 / 32), .unit = "pcs.", .description = "4X8-" + stock.wallSheathing, .label = "(Gable Sheathing)", .item = 41});
@@ -170,7 +170,7 @@ void StickFraming(TakeoffRun& run, const Stock& stock, const RoofTables& tables)
 
 void RoofBracing(TakeoffRun& run, const Stock& stock, bool StickFramed, double BraceFeet) {
   const EstimateRecord& plan = run.plan;
-  const double E = plan.EavesLft > 0 ? Rnd(plan.EavesLft * 1.5 / 16) : Rnd(plan.Disp03 * 2 * 1.5 / 16);
+  const double E = plan.EavesLft > 0 ? Rnd(plan.EavesLft * 1.5 / 16) : Rnd(plan.OverallLength * 2 * 1.5 / 16);
   if (!StickFramed)
     Emit(run, {.quantity = E, .unit = "pcs.", .description = "2X4- 16 SPF " + stock.plates, .label = "(Truss Bracing)", .item = 46});
   else

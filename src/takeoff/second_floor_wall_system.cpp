@@ -21,11 +21,11 @@ struct Stock {
   explicit Stock(const EstimateRecord& plan)
       : studs(plan.PreCutStudsSecondFloor.Trimmed()),
         plates(plan.ShoePlates.Trimmed()),
-        bracing(plan.Combo05Text.Trimmed()),
+        bracing(plan.CornerBracing.Trimmed()),
         sheathing(plan.WallSheathing.Trimmed()),
         StudStock(Has(studs, "X6") ? "2X6" : "2X4"),
         StudLength(StudLengthOf(studs)),
-        PlateGrade(Has(studs, "X6") ? plan.Combo00Text.Trimmed() : "SPF " + plates),
+        PlateGrade(Has(studs, "X6") ? plan.FramingGrade.Trimmed() : "SPF " + plates),
         // The short studs count 9 feet of wall here: the floor's depth is sheathed with it.
         WallHeight(Has(studs, "93") || Has(studs, "92") ? 9 : 10),
         SheetLength(Has(sheathing, "OSB") ? 8 : 9) {}
@@ -41,11 +41,11 @@ struct Stock {
 void StudsAndPlates(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
   const bool FieldFramed = (plan.PlanType & kFieldFramedHalfStory) != 0;
-  const int AddedLft = FieldFramed ? plan.Disp52 : 0;
+  const int AddedLft = FieldFramed ? plan.KneeWallLft : 0;
   const std::string studs = stock.StudStock + std::string(stock.StudLength) + " SPF STUDS";
   Emit(run, {.quantity = Rnd(plan.ExtWallLftSecondFloor * 1.1), .unit = "ea.", .description = studs, .label = "(Wall Studs Ext)", .item = 36});
-  if (FieldFramed && plan.Disp52 + plan.IntWallLftSecondFloor > 0)
-    Emit(run, {.quantity = Rnd((plan.Disp52 + plan.IntWallLftSecondFloor) * 1.1), .unit = "ea.", .description = studs, .label = "(Wall Studs Int)", .item = 37});
+  if (FieldFramed && plan.KneeWallLft + plan.IntWallLftSecondFloor > 0)
+    Emit(run, {.quantity = Rnd((plan.KneeWallLft + plan.IntWallLftSecondFloor) * 1.1), .unit = "ea.", .description = studs, .label = "(Wall Studs Int)", .item = 37});
   if (!FieldFramed && plan.IntWallLftSecondFloor > 0)
     Emit(run, {.quantity = Rnd(plan.IntWallLftSecondFloor * 1.1), .unit = "ea.", .description = studs, .label = "(Wall Studs Int)", .item = 37});
   Emit(run, {.quantity = Rnd(plan.ExtWallLftSecondFloor * 5.5 / 16), .unit = "pcs.", .description = stock.StudStock + "- 16 " + stock.PlateGrade, .label = "(Shoe, Plates Ext)", .item = 38, .secondLabel = "(Shoe, Plates Ext)"});
@@ -57,14 +57,14 @@ void StudsAndPlates(TakeoffRun& run, const Stock& stock) {
 
 void Bracing(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
-  if (plan.Combo05Index == 1)
-    Emit(run, {.quantity = Rnd(plan.Disp50 * 2 + plan.IntWallLftSecondFloor / 12.0), .unit = "pcs.", .description = stock.bracing, .label = "(Bracing, Blk.)"});
-  if (plan.Combo05Index == 2)
-    Emit(run, {.quantity = Rnd(plan.Disp50 * 2 + plan.IntWallLftSecondFloor / 12.0), .unit = "pcs.", .description = stock.bracing, .label = "(Bracing, Blk.)", .priceKey = "DIAG. METAL BRACING"});
-  if (plan.Combo05Index > 2 && plan.Disp50 > 0)
-    Emit(run, {.quantity = plan.Disp50 * 2.0, .unit = "pcs.", .description = stock.bracing, .label = "(Corner Braces)", .priceKey = "4X8- " + stock.bracing});
+  if (plan.CornerBracingIndex == 1)
+    Emit(run, {.quantity = Rnd(plan.OutsideCornersSecondFloor * 2 + plan.IntWallLftSecondFloor / 12.0), .unit = "pcs.", .description = stock.bracing, .label = "(Bracing, Blk.)"});
+  if (plan.CornerBracingIndex == 2)
+    Emit(run, {.quantity = Rnd(plan.OutsideCornersSecondFloor * 2 + plan.IntWallLftSecondFloor / 12.0), .unit = "pcs.", .description = stock.bracing, .label = "(Bracing, Blk.)", .priceKey = "DIAG. METAL BRACING"});
+  if (plan.CornerBracingIndex > 2 && plan.OutsideCornersSecondFloor > 0)
+    Emit(run, {.quantity = plan.OutsideCornersSecondFloor * 2.0, .unit = "pcs.", .description = stock.bracing, .label = "(Corner Braces)", .priceKey = "4X8- " + stock.bracing});
   // The text says "#2C", the price list holds "#2".
-  if (plan.Combo05Index > 2 && plan.Disp50 > 0 && plan.IntWallLftSecondFloor > 0)
+  if (plan.CornerBracingIndex > 2 && plan.OutsideCornersSecondFloor > 0 && plan.IntWallLftSecondFloor > 0)
     Emit(run, {.quantity = Rnd(plan.IntWallLftSecondFloor / 12.0), .unit = "pcs.", .description = "1X4-12 #2C SYP", .label = "(Bracing, Blk.)", .priceKey = "1X4-12 #2 SYP"});
 }
 
@@ -72,10 +72,10 @@ void Sheathing(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
   const double SheetArea = 4.0 * stock.SheetLength;
   const std::string SheetText = "4X" + std::to_string(stock.SheetLength) + "- " + stock.sheathing;
-  if (plan.Combo05Index < 3)
+  if (plan.CornerBracingIndex < 3)
     Emit(run, {.quantity = Rnd(plan.ExtWallLftSecondFloor * stock.WallHeight / SheetArea), .unit = "pcs.", .description = SheetText, .label = "(Wall Sheathing)", .item = 40});
   else
-    Emit(run, {.quantity = Rnd((plan.ExtWallLftSecondFloor * stock.WallHeight - 4 * stock.WallHeight * plan.Disp50) / SheetArea), .unit = "pcs.", .description = SheetText, .label = "(Wall Sheathing)", .item = 40});
+    Emit(run, {.quantity = Rnd((plan.ExtWallLftSecondFloor * stock.WallHeight - 4 * stock.WallHeight * plan.OutsideCornersSecondFloor) / SheetArea), .unit = "pcs.", .description = SheetText, .label = "(Wall Sheathing)", .item = 40});
 }
 
 // clang-format on

@@ -56,12 +56,12 @@ void PrintSpecifications(TakeoffRun& run) {
   if (plan.SecondFloorType == 2 && plan.SecondFloorFramed == 1) TextRow(run, "Size of 2fl. jst.:", plan.SecondFloorJoistSize.Trimmed());
   NumberRow(run, "LFT. exterior walls:", plan.ExtWallLftFirstFloor + plan.ExtWallLftSecondFloor);
   NumberRow(run, "LFT. interior walls:", plan.IntWallLftFirstFloor + plan.IntWallLftSecondFloor);
-  NumberRow(run, "SQ. FT. heated area:", plan.HeatedSqFtA + plan.HeatedSqFtB);
-  if (plan.Combo26Index == 1) {
-    NumberRow(run, "LFT. walls garage/storage:", plan.GarageWallLftA + plan.GarageWallLftB);
+  NumberRow(run, "SQ. FT. heated area:", plan.HeatedSqFtFirstFloor + plan.HeatedSqFtSecondFloor);
+  if (plan.GarageOrStorageIndex == 1) {
+    NumberRow(run, "LFT. walls garage/storage:", plan.GarageWallLftSheathed + plan.GarageWallLftUnsheathed);
     NumberRow(run, "SQ. FT. garage/storage:", plan.GarageSqFt);
   }
-  if (plan.Combo27Index == 1) {
+  if (plan.CarportOrPorchIndex == 1) {
     NumberRow(run, "LFT. beams carport/porch:", plan.CarportBeamLft);
     NumberRow(run, "SQ. FT. carport/porch:", plan.CarportSqFt);
   }
@@ -69,8 +69,8 @@ void PrintSpecifications(TakeoffRun& run) {
   NumberRow(run, "LFT. fascia:", plan.FasciaLft);
   NumberRow(run, "SQ. FT. roof area:", plan.RoofSqFt);
   NumberRow(run, "SQ. FT. gables:", plan.GableSqFt);
-  if ((plan.Combo34Index & 2) != 0 || plan.Combo34Index == 3 || plan.Combo34Index == 5)
-    NumberRow(run, "SQ. FT. ext. walls siding:", plan.ExtWallSidingA + plan.ExtWallSidingB + plan.GableSqFt);
+  if ((plan.WallFinishIndex & 2) != 0 || plan.WallFinishIndex == 3 || plan.WallFinishIndex == 5)
+    NumberRow(run, "SQ. FT. ext. walls siding:", plan.ExtWallSidingFirstFloor + plan.ExtWallSidingSecondFloor + plan.GableSqFt);
   if ((plan.PlanType & kOneStorySlab) == 0) TextRow(run, "Floor sheathing:", plan.FloorSheathing.Trimmed());
   TextRow(run, "Wall sheathing:", plan.WallSheathing.Trimmed());
   TextRow(run, "Roof sheathing:", plan.RoofSheathing.Trimmed());

@@ -55,12 +55,12 @@ class AskedKeys {
 EstimateRecord MeasuredEverywhere(int planType) {
   EstimateRecord plan = NewPlan(planType);
   Measure(plan);
-  plan.Disp01 = 6, plan.Disp50 = 6;
-  plan.MajorGirderLft = {8, 10, 12, 14, 16}, plan.Disp09 = {8, 10, 12, 14, 16};
+  plan.OutsideCornersFirstFloor = 6, plan.OutsideCornersSecondFloor = 6;
+  plan.MajorGirderLft = {8, 10, 12, 14, 16}, plan.WiderGirderLft = {8, 10, 12, 14, 16};
   plan.DropGirderLft = {8, 10, 12, 14, 16}, plan.SillLft = {8, 10, 12, 14, 16};
   plan.BayAreaLftFirstFloor = plan.BayAreaLftSecondFloor = {10, 10, 10, 10, 10};
-  plan.Joist0 = plan.Joist5 = {8, 10, 12, 14, 16};
-  plan.Disp31 = 100, plan.Disp52 = 80;
+  plan.JoistLengthFirstFloor = plan.JoistLengthSecondFloor = {8, 10, 12, 14, 16};
+  plan.OakFlooringSqFt = 100, plan.KneeWallLft = 80;
   plan.CeilingJoistLft2X6 = plan.CeilingJoistLft2X8 = {8, 10, 12, 14, 16};
   return plan;
 }
@@ -88,8 +88,8 @@ void AskMeasures(AskedKeys& asked, int planType) {
       Choose(plan, 24, size);
       Choose(plan, 30, size);
       for (int length = 8; length <= 60; length += 10) {
-        for (std::size_t i = 0; i < plan.Joist0.size(); ++i)
-          plan.Joist0[i] = static_cast<std::int16_t>(std::min<int>(60, length + 2 * static_cast<int>(i)));
+        for (std::size_t i = 0; i < plan.JoistLengthFirstFloor.size(); ++i)
+          plan.JoistLengthFirstFloor[i] = static_cast<std::int16_t>(std::min<int>(60, length + 2 * static_cast<int>(i)));
         asked.Ask(plan);
       }
     }

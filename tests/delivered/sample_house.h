@@ -63,24 +63,24 @@ inline void Measure(EstimateRecord& plan) {
   const int type = plan.PlanType;
   const bool twoLevels = plan.SecondFloorType == 2;
   const bool crawl = (type & kCrawlSpace) != 0;
-  plan.ExtWallLftFirstFloor = 156, plan.Disp01 = 6, plan.Disp02 = 48, plan.Disp03 = 48;
-  plan.IntWallLftFirstFloor = 160, plan.HeatedSqFtA = 1440;
+  plan.ExtWallLftFirstFloor = 156, plan.OutsideCornersFirstFloor = 6, plan.HeatedLength = 48, plan.OverallLength = 48;
+  plan.IntWallLftFirstFloor = 160, plan.HeatedSqFtFirstFloor = 1440;
   plan.HeaderLft = 110, plan.FasciaLft = 190, plan.RoofSqFt = 1900, plan.EavesLft = 100, plan.GableSqFt = 240;
-  plan.ExtWallSidingA = 1248;
+  plan.ExtWallSidingFirstFloor = 1248;
   if (crawl) {
     plan.MajorGirderLft = {0, 0, 48, 0, 0};
-    plan.BayAreaLftFirstFloor = {0, 0, 0, 48, 48}, plan.Joist0 = {8, 10, 12, 14, 16};
+    plan.BayAreaLftFirstFloor = {0, 0, 0, 48, 48}, plan.JoistLengthFirstFloor = {8, 10, 12, 14, 16};
   }
   if (twoLevels) {
-    plan.HeatedSqFtB = 1200, plan.ExtWallLftSecondFloor = 140, plan.IntWallLftSecondFloor = 130, plan.Disp50 = 4,
-    plan.ExtWallSidingB = 1100;
+    plan.HeatedSqFtSecondFloor = 1200, plan.ExtWallLftSecondFloor = 140, plan.IntWallLftSecondFloor = 130, plan.OutsideCornersSecondFloor = 4,
+    plan.ExtWallSidingSecondFloor = 1100;
     if (plan.SecondFloorFramed == 1) plan.BayAreaLftSecondFloor = {0, 0, 0, 44, 44};
-    plan.Joist5 = {8, 10, 12, 14, 16};
+    plan.JoistLengthSecondFloor = {8, 10, 12, 14, 16};
   }
-  if ((type & kFieldFramedHalfStory) != 0) plan.Disp52 = 80;
-  if ((type & kHalfStory) != 0) plan.Disp53 = 40;
-  if (plan.Combo26Index == 1) plan.GarageWallLftA = 62, plan.GarageWallLftB = 22, plan.GarageSqFt = 484, plan.Disp03 = 70;
-  if (plan.Combo27Index == 1) plan.CarportBeamLft = 24, plan.CarportSqFt = 160;
+  if ((type & kFieldFramedHalfStory) != 0) plan.KneeWallLft = 80;
+  if ((type & kHalfStory) != 0) plan.HalfStoryBaseMouldLft = 40;
+  if (plan.GarageOrStorageIndex == 1) plan.GarageWallLftSheathed = 62, plan.GarageWallLftUnsheathed = 22, plan.GarageSqFt = 484, plan.OverallLength = 70;
+  if (plan.CarportOrPorchIndex == 1) plan.CarportBeamLft = 24, plan.CarportSqFt = 160;
 }
 
 /// The plan's priced list under the delivered data.

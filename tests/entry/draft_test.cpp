@@ -30,7 +30,7 @@ void Type(PlanForm& form, std::mt19937& random) {
 // All that the operator sees of the form, and what it remembers of him.
 std::string Seen(const PlanForm& form) {
   std::string seen = std::to_string(static_cast<int>(form.mode)) + std::to_string(form.isPrintEnabled) + "/" +
-                     std::to_string(form.CurrentScreen) + "/" + std::to_string(form.Disp36Tag);
+                     std::to_string(form.CurrentScreen) + "/" + std::to_string(form.CarportSqFtUnmulled);
   for (const SelectionBox& list : form.combo1) seen += (list.enabled ? " list " : " (list) ") + std::to_string(list.ListIndex);
   for (const NumberBox& box : form.TxtDisp) seen += (box.enabled ? " box " : " (box) ") + box.text + (box.isTouched ? "!" : "");
   for (const JoistBox& box : form.TxtDispJoist) seen += (box.enabled ? " joist " : " (joist) ") + box.text;

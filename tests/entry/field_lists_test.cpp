@@ -156,7 +156,7 @@ TEST(FieldLists, TheTypeFixesItsBoxes) {
     const bool isKept = (c.list == 17 && c.row == 1) || c.list == 29;
     EXPECT_EQ(OpenedForm(contrary).combo1[list].ListIndex, isKept ? 1 - c.row : c.row) << where;
     if (c.list == 34) {
-      EXPECT_EQ(contrary.Combo34Index, 1) << "brick veneer, in the record too";
+      EXPECT_EQ(contrary.WallFinishIndex, 1) << "brick veneer, in the record too";
     }
   }
 }
@@ -184,7 +184,7 @@ TEST(FieldLists, AChoiceTakesWhatHangsOnItAlong) {
     for (const bool isNew : {true, false}) {
       EstimateRecord plan = BlankPlan();
       plan.PlanType = kTwoLevelSlab;
-      plan.ExtWallSidingA = 900;
+      plan.ExtWallSidingFirstFloor = 900;
       PlanForm form = isNew ? NewForm(kTwoLevelSlab) : OpenedForm(plan);
       SelectRow(form, 34, row);
       EXPECT_EQ(form.TxtDisp[48].text, isNew ? "0" : "900") << row;

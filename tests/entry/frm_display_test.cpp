@@ -187,7 +187,7 @@ TEST_F(frmDisplayTest, ScreensAreMarkedAndThoseWithoutAUsableLinePassedOver) {
 TEST_F(frmDisplayTest, PrintLeadsToWhatIsMissing) {
   Open(PlanMode::Existing, kOneStoryCrawl);
   session.CurrentEstimate.FoundationType = 2;
-  session.CurrentEstimate.Combo19Index = 1;  // no drop girder
+  session.CurrentEstimate.DropGirderPly = 1;  // no drop girder
   record = OpenedForm(session.CurrentEstimate);
   Run([this](frmDisplay& form) {
     Take(form, {{"<Alt+P>", "2 Of 11, TxtDisp_0 []", "0 Screen 2 Needs Additional Input|Norvale Help Notice"}});
@@ -408,7 +408,7 @@ TEST_F(frmDisplayTest, ASamplePlanTypedInIsTheSampleByteForByte) {
     plan.CustomerNumber = sample.CustomerNumber, plan.PlanNumber = sample.PlanNumber, plan.PlanDate = sample.PlanDate;
     plan.PlanType = sample.PlanType, plan.PriceLevel = sample.PriceLevel, plan.EavesLft = sample.EavesLft;
     record = OpenPlanForm(PlanMode::New, false, plan, DeliveredScreenLines(), DeliveredMaterialRows());
-    record.Disp36Tag = sample.Disp36Tag;  // no box holds it
+    record.CarportSqFtUnmulled = sample.CarportSqFtUnmulled;  // no box holds it
     EXPECT_FALSE(Run([&](frmDisplay& form) {
       if (sample.RoofPlanes[0].SectionType != 0) {
         asked.Expect(std::string(kTransferAreaQuestion), Answer::No);

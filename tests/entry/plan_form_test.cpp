@@ -25,7 +25,7 @@ EstimateRecord PlanOfOwnValues() {
   StorePlanFromForm(NewForm(kTwoLevelCrawl), plan);  // choices that the lists have
   for (int box = 0; box < static_cast<int>(kNumberBoxes); ++box) NumberField(plan, box) = static_cast<std::int16_t>(100 + box);
   for (int box = 0; box < static_cast<int>(kJoistBoxes); ++box) JoistField(plan, box) = static_cast<std::int16_t>(20 + 2 * box);
-  plan.Disp36Tag = 77;
+  plan.CarportSqFtUnmulled = 77;
   return plan;
 }
 
@@ -53,7 +53,7 @@ TEST(PlanForm, ANewPlanHasTheDefaultsAndNothingElse) {
   EXPECT_THAT(form.TxtDisp, testing::Each(testing::Field(&NumberBox::text, "")));
   const char* const lengths[] = {"8", "10", "12", "14", "16", "8", "10", "12", "14", "16"};
   for (std::size_t box = 0; box < kJoistBoxes; ++box) EXPECT_EQ(form.TxtDispJoist[box].text, lengths[box]) << box;
-  EXPECT_EQ(form.Disp36Tag, 0);
+  EXPECT_EQ(form.CarportSqFtUnmulled, 0);
   EXPECT_EQ(ShownText(form.combo1[0]) + ShownText(form.combo1[34]), "#2 SYPVINYL SIDING");
   EXPECT_EQ(form.mark, ChangeMark::None);
   EXPECT_FALSE(form.isPrintEnabled);
@@ -73,7 +73,7 @@ TEST(PlanForm, ListsEndWhereTheFileSaysSo) {
   EXPECT_EQ(form.combo1[3].ListIndex, 1);
   EXPECT_EQ(form.combo1[4].ListIndex, -1);
   EstimateRecord finished = BlankPlan();
-  finished.Combo15Text.Assign("FINISHED");
+  finished.SlabInterior.Assign("FINISHED");
   LoadPlanIntoForm(form, PlanMode::Existing, finished, rows);
   EXPECT_EQ(form.combo1[15].ListIndex, 0) << "the first row of the interior, whatever it is called";
 }
@@ -116,23 +116,23 @@ TEST(PlanForm, NoNumberWrapsOnItsWayIntoTheRecord) {
     EstimateRecord plan;
     StorePlanFromForm(form, plan);
     EXPECT_EQ(plan.RoofSqFt, stored) << text;
-    EXPECT_EQ(plan.Joist5[4], stored) << text;
+    EXPECT_EQ(plan.JoistLengthSecondFloor[4], stored) << text;
   }
 }
 
 TEST(PlanForm, AChangedTypeNamesTheShutBoxesThatStillCount) {
   EstimateRecord plan = BlankPlan();
   plan.PlanType = kOneStoryCrawl | kBrickVeneer;
-  plan.ExtWallLftFirstFloor = 156, plan.ExtWallLftSecondFloor = 140, plan.GarageSqFt = 484, plan.ExtWallSidingA = 1248,
-  plan.ExtWallSidingB = 1100;
+  plan.ExtWallLftFirstFloor = 156, plan.ExtWallLftSecondFloor = 140, plan.GarageSqFt = 484, plan.ExtWallSidingFirstFloor = 1248,
+  plan.ExtWallSidingSecondFloor = 1100;
   PlanForm form = OpenPlanForm(PlanMode::Existing, true, plan, DeliveredScreenLines(), DeliveredMaterialRows());
   EXPECT_TRUE(form.isPrintEnabled);
   EXPECT_THAT(ShutBoxesWithValues(form), testing::ElementsAre(34, 42, 49));
   ClearShutBoxes(form);
   StorePlanFromForm(form, plan);
   EXPECT_EQ(plan.ExtWallLftFirstFloor, 156);
-  EXPECT_EQ(plan.ExtWallSidingA, 1248) << "only the finish shuts this wall";
-  EXPECT_EQ(plan.ExtWallLftSecondFloor + plan.GarageSqFt + plan.ExtWallSidingB, 0);
+  EXPECT_EQ(plan.ExtWallSidingFirstFloor, 1248) << "only the finish shuts this wall";
+  EXPECT_EQ(plan.ExtWallLftSecondFloor + plan.GarageSqFt + plan.ExtWallSidingSecondFloor, 0);
   EXPECT_EQ(form.mark, ChangeMark::Modified);
 }
 

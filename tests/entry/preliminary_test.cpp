@@ -99,8 +99,8 @@ TEST(Preliminary, HandsOverToTheDataEntry) {
   HandOver(ComputePreliminary(Sheet(kEverything, {"1500", "60", "240", "484", "6", "96", "64", "16", "2"}, {"28", "28"})), form, plan);
   StorePlanFromForm(form, plan);
   // The fascia is 96 + 2 x Sqr(16^2 + 32^2), the interior walls follow the heated area.
-  const std::array handed = {plan.EavesLft,    plan.Combo33Index, plan.FasciaLft,
-                             plan.RoofSqFt,    plan.HeatedSqFtA,  plan.GarageSqFt,
+  const std::array handed = {plan.EavesLft,    plan.RoofOverhangIndex, plan.FasciaLft,
+                             plan.RoofSqFt,    plan.HeatedSqFtFirstFloor,  plan.GarageSqFt,
                              plan.CarportSqFt, plan.GableSqFt,    plan.IntWallLftFirstFloor};
   EXPECT_THAT(handed, testing::ElementsAre(96, 2, 167, 2922, 1500, 484, 300, 196, 165));
   EXPECT_EQ(form.mark, ChangeMark::Modified) << "an Exit must not lose it";

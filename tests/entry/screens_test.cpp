@@ -233,7 +233,7 @@ TEST(Computed, ShowsWhenItsScreenIsLeftAndStopsOnceTouched) {
 
   EstimateRecord plan = BlankPlan();
   plan.PlanType = kOneStoryCrawl;
-  plan.ExtWallLftFirstFloor = 156, plan.HeatedSqFtA = 1440;
+  plan.ExtWallLftFirstFloor = 156, plan.HeatedSqFtFirstFloor = 1440;
   form = OpenedForm(plan);
   for (int screen = 0; screen <= ScreenCount; ++screen) ShowScreen(form, 1);
   CheckBeforePrint(form);

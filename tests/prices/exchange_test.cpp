@@ -31,7 +31,7 @@ TEST(Exchange, RecordsOfRandomBytesComeBackAsTheyWere) {
   EXPECT_TRUE(tables.wasteFactors.empty() && !tables.prices);
 }
 
-TEST(Exchange, AFieldLeftOutIsBlankOrZero) {
+TEST(Exchange, AFieldLeftOutIsBlankOrZeroAndAFormerNameStillNamesItsField) {
   const auto tables = ImportTables(R"({"customers": [{"CustomerRecordNumber": 3}], "plans": [{"PlanNumber": "Gîte", "Joist5": [1,2,3,4,-5],
       "RoofPlanes": [{"RafterRun": 96}]}], "wasteFactors": {"14": -100}, "prices": [{"PriceItemKey": "A"}]})");
   EXPECT_EQ(tables.customers.at(0).CustomerName.Raw(), std::string(35, ' '));
@@ -39,7 +39,7 @@ TEST(Exchange, AFieldLeftOutIsBlankOrZero) {
   EXPECT_EQ(plan.PlanNumber.Raw(), "G\xEEte           ");
   EXPECT_EQ(plan.PriceLevel.Raw(), " ");
   EXPECT_EQ(plan.PlanType, 0);
-  EXPECT_EQ(plan.Joist5, (FiveRows{1, 2, 3, 4, -5}));
+  EXPECT_EQ(plan.JoistLengthSecondFloor, (FiveRows{1, 2, 3, 4, -5}));
   EXPECT_EQ(plan.RoofPlanes[0].RafterRun, 96);
   EXPECT_EQ(tables.wasteFactors, (std::map<std::size_t, std::int16_t>{{14, -100}}));
   EXPECT_EQ(tables.prices, std::vector{(PriceItem{"A", "", {}, ""})});
@@ -57,6 +57,7 @@ TEST(Exchange, WhatCannotBeTakenIsRefusedWithItsPlace) {
       {"", "line 1"},
       {"{\n\"plans\": [\n}", "line 3"},
       {R"({"plans": []} {})", "line 1"},
+      {R"({"plans": [{"Disp01": 1, "OutsideCornersFirstFloor": 1}]})", "plans[0].Disp01"},
       {"[]", "the file"},
       {R"({"plan": []})", "plan"},
       {R"({"plans": [{}, 5]})", "plans[1]"},
@@ -70,9 +71,9 @@ TEST(Exchange, WhatCannotBeTakenIsRefusedWithItsPlace) {
       {R"({"plans": [{"PlanNumber": "1234567890123456"}]})", "plans[0].PlanNumber"},
       {R"({"plans": [{"PlanNumber": "\u4e2d"}]})", "plans[0].PlanNumber"},
       {"{\"plans\": [{\"PlanNumber\": \"\xFF\"}]}", "line 1"},
-      {R"({"plans": [{"Joist5": [1, 2, 3, 4]}]})", "plans[0].Joist5"},
-      {R"({"plans": [{"Joist5": [1, 2, 3, 4, 5, 6]}]})", "plans[0].Joist5"},
-      {R"({"plans": [{"Joist5": [1, 2, 3, 4, "5"]}]})", "plans[0].Joist5[4]"},
+      {R"({"plans": [{"JoistLengthSecondFloor": [1, 2, 3, 4]}]})", "plans[0].JoistLengthSecondFloor"},
+      {R"({"plans": [{"JoistLengthSecondFloor": [1, 2, 3, 4, 5, 6]}]})", "plans[0].JoistLengthSecondFloor"},
+      {R"({"plans": [{"JoistLengthSecondFloor": [1, 2, 3, 4, "5"]}]})", "plans[0].JoistLengthSecondFloor[4]"},
       {roof + "]}]}", "plans[0].RoofPlanes"},
       {R"({"plans": [{"RoofPlanes": [{}, {"PitchIndex": 256}]}]})", "plans[0].RoofPlanes[1].PitchIndex"},
       {R"({"plans": [{"RoofPlanes": [{"PitchIndex": -1}]}]})", "plans[0].RoofPlanes[0].PitchIndex"},

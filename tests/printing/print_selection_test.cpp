@@ -40,7 +40,7 @@ TEST(PrintSelection, OpensWithWhatThePlanHas) {
       if ((type & 15) != row.foundation) continue;
       EstimateRecord plan;
       plan.PlanType = static_cast<std::int16_t>(type);
-      plan.Combo15Text.Assign(row.inside);
+      plan.SlabInterior.Assign(row.inside);
       plan.SecondFloorType = row.hasUpperFloor ? 2 : 1;
       EXPECT_EQ(Letters(BoxesOf(PartsOf(plan))), row.letters) << type << " " << row.inside;
       EXPECT_EQ(DefaultSections(plan) & kWithPrices, 0) << type;

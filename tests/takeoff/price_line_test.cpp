@@ -16,8 +16,8 @@ std::string At(std::size_t column, std::string line, std::string_view text) {
 EstimateRecord Floor() {
   EstimateRecord plan;
   plan.PlanType = plan.SecondFloorType = 2;
-  plan.HeatedSqFtB = 1000;
-  plan.Disp31 = 200;
+  plan.HeatedSqFtSecondFloor = 1000;
+  plan.OakFlooringSqFt = 200;
   return plan;
 }
 
@@ -104,9 +104,9 @@ TEST(PriceLine, AWrappedFasciaIsPricedOnceMoreWhereItIsVinyl) {
         Case{"VINYL", {board}, {"BOARD"}, 115}, Case{"COIL", {board, coil}, {"BOARD"}, 115}, Case{"PINE", {board}, {}, 0}}) {
     EstimateRecord plan;
     plan.FasciaLft = 100;  // 115 feet of board
-    plan.Combo00Text.Assign("#2 SYP");
-    plan.Combo08Text.Assign(c.wrap);
-    plan.Combo09Text.Assign("1X6");
+    plan.FramingGrade.Assign("#2 SYP");
+    plan.ExteriorTrim.Assign(c.wrap);
+    plan.FasciaBoard.Assign("1X6");
     SectionRun section(plan, kAllSections, c.items);
     PrintExteriorTrim(section.run);
     Texts skus;

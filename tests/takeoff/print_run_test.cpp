@@ -134,7 +134,7 @@ TEST(PrintRun, WhichSectionsPrint) {
   for (const Case& c : cases) {
     PlanRun run(c.mask, c.planType);
     run.print.plan.SecondFloorType = c.floors;
-    run.print.plan.Combo15Text.Assign(c.finish);
+    run.print.plan.SlabInterior.Assign(c.finish);
     const std::string text = run.Text();
     Texts headings;
     for (const std::string& line : LinesOf(text))
@@ -161,10 +161,10 @@ TEST(PrintRun, TotalsAreCarriedAndTheGrandTotalIsAboveZero) {
   for (const Case& c : cases) {
     PlanRun run(kFlooring + kSheetrock + kWithPrices, 2);
     run.print.plan.SecondFloorType = 2;
-    run.print.plan.HeatedSqFtB = 1000;
+    run.print.plan.HeatedSqFtSecondFloor = 1000;
     run.print.plan.PreCutStudsSecondFloorIndex = 3;
-    run.print.plan.Combo26Index = 2;
-    run.print.plan.Combo15Text.Assign("FINISHED");
+    run.print.plan.GarageOrStorageIndex = 2;
+    run.print.plan.SlabInterior.Assign("FINISHED");
     run.data.prices = PriceList({PriceItem{"#15 FELT ROLL", "", {c.felt}, ""}, PriceItem{"1/2-4X12 SHEETROCK", "", {c.board}, ""}});
     const std::string text = run.Text();
     const auto block = [&](const std::string& label, std::size_t column, const char* figures) {
@@ -190,8 +190,8 @@ TEST(PrintRun, AnEmptyPriceListPrintsTheListWithoutPrices) {
   PlanRun priced(kAllSections + kWithPrices, 8);
   PlanRun plain(kAllSections, 8);
   priced.print.plan.SecondFloorType = plain.print.plan.SecondFloorType = 2;
-  priced.print.plan.Combo23Text.Assign("2X6");
-  plain.print.plan.Combo23Text.Assign("2X6");
+  priced.print.plan.SillPlate.Assign("2X6");
+  plain.print.plan.SillPlate.Assign("2X6");
   EXPECT_EQ(priced.Text(), plain.Text());
   plain.data.prices = PriceList({PriceItem{"PLYCLIPS", "", {"5"}, ""}});
   EXPECT_FALSE(Has(plain.Text(), "5.00"));

@@ -14,7 +14,7 @@ TEST(Sections, TheBandBlockHasItsOwnEmptyLines) {
                         Case{"2X8", ".16.", 2}, Case{"1X6, 2X6", ".28+16.", 2}, Case{"1X6 1X8 2X6 2X8", ".28+16.14+16.", 4}}) {
     EstimateRecord plan;
     plan.FasciaLft = 200;
-    plan.Combo09Text.Assign(c.fascia);
+    plan.FasciaBoard.Assign(c.fascia);
     SectionRun section(plan);
     section.Print(PrintRoofSystem);
     std::string layout;
