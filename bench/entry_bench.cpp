@@ -22,7 +22,6 @@
 namespace norvale {
 namespace {
 
-constexpr int kScreens = ScreenCount + 1;
 
 class NoMessages final : public Messages {
  public:
@@ -58,7 +57,7 @@ void NextScreen(benchmark::State& state) {
   ShowAtOnce(display);
   int screen = 0;
   for (auto _ : state) {
-    screen = (screen + 1) % kScreens;
+    screen = (screen + 1) % static_cast<int>(kScreens);
     display.findChild<QAbstractButton*>(QStringLiteral("cmdScreen_%1").arg(screen))->click();
     display.repaint();
   }
@@ -71,22 +70,22 @@ void NextPageOfABareStack(benchmark::State& state) {
   auto* const layout = new QVBoxLayout(&window);
   auto* const pages = new QStackedWidget(&window);
   layout->addWidget(pages);
-  for (int screen = 0; screen < kScreens; ++screen) {
+  for (int screen = 0; screen <= ScreenCount; ++screen) {
     auto* const page = new QWidget;
     auto* const grid = new QGridLayout(page);
-    const int bounds = LineRange(plan.form, screen + kLineBounds);
-    for (int line = bounds / 256; line <= bounds % 256; ++line) {
-      grid->addWidget(new QLabel(QString::fromStdString(plan.form.lblLine[line].caption)), line, 0);
-      const bool isList = plan.form.lblLine[line].control.kind == ControlKind::Selection;
-      grid->addWidget(isList ? static_cast<QWidget*>(new QComboBox) : new QLineEdit, line, 1);
-      grid->addWidget(new QLabel(QString::fromStdString(plan.form.lblLine[line].hint)), line, 2);
+    const auto [first, last] = LinesOn(plan.form, screen);
+    for (int number = first; number <= last; ++number) {
+      const LineState& line = plan.form.lines[static_cast<std::size_t>(number)];
+      grid->addWidget(new QLabel(QString::fromStdString(line.caption)), number, 0);
+      grid->addWidget(line.field.IsList() ? static_cast<QWidget*>(new QComboBox) : new QLineEdit, number, 1);
+      grid->addWidget(new QLabel(QString::fromStdString(line.hint)), number, 2);
     }
     pages->addWidget(page);
   }
   ShowAtOnce(window);
   int screen = 0;
   for (auto _ : state) {
-    screen = (screen + 1) % kScreens;
+    screen = (screen + 1) % static_cast<int>(kScreens);
     pages->setCurrentIndex(screen);
     window.repaint();
   }
@@ -109,7 +108,7 @@ void TwoKeysInABox(benchmark::State& state) {
   OpenPlan plan;
   frmDisplay display(plan.program, plan.form, false, {});
   display.findChild<QAbstractButton*>(QStringLiteral("cmdScreen_2"))->click();
-  TypeInto(state, display, display.findChild<QLineEdit*>(QStringLiteral("TxtDisp_1")));
+  TypeInto(state, display, display.findChild<QLineEdit*>(QStringLiteral("txtOutsideCornersFirstFloor")));
 }
 BENCHMARK(TwoKeysInABox)->Unit(benchmark::kMillisecond);
 

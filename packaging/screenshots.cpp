@@ -192,7 +192,7 @@ void TakeCalculator(Camera& camera, Program& program) {
   display.show();
   CalculatorPlace place;
   camera.TakeOver(display, "28*2+30*2=", "calculator", [&] {
-    OpenCalculator(program.messages, display.findChild<QWidget*>(QStringLiteral("TxtDisp_0")), Shown(kCalculatorHint), place);
+    OpenCalculator(program.messages, display.findChild<QWidget*>(QStringLiteral("txtExtWallLftFirstFloor")), Shown(kCalculatorHint), place);
   });
   display.hide();
 }

@@ -18,6 +18,10 @@ inline constexpr int kBrickVeneer = 512;
 inline constexpr int kFieldFramedHalfStory = 1024;
 inline constexpr int kAtticTrussHalfStory = 2048;
 
+// The checklist never sets the bit between the porches and the brick; a plan that holds it has its wall finish fixed as well.
+inline constexpr int kFixedWallFinish = kBrickVeneer | 256;
+inline constexpr int kOneStory = kOneStorySlab | kOneStoryCrawl;
+inline constexpr int kTwoLevel = kTwoLevelSlab | kTwoLevelCrawl;
 inline constexpr int kSlab = kOneStorySlab | kTwoLevelSlab;
 inline constexpr int kCrawlSpace = kOneStoryCrawl | kTwoLevelCrawl;
 inline constexpr int kHalfStory = kFieldFramedHalfStory | kAtticTrussHalfStory;

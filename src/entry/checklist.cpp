@@ -184,7 +184,7 @@ std::string DisplayTitle(std::string_view customerName, std::string_view planNum
   return ToUtf8(title);
 }
 
-SaveRoad RoadOfSave(PlanMode mode, SaveChoice choice) {
+SaveOutcome OutcomeOfSave(PlanMode mode, SaveChoice choice) {
   switch (choice) {
     case SaveChoice::Save:
       if (IsOpened(mode)) return {.staysOnForm = false, .updatesRecord = true, .PlanCancelled = true};

@@ -114,11 +114,11 @@ enum class SaveChoice : char { AsNew = '0', NoSave = '1', Save = '2', Cancel = '
 
 /// What a choice leads to. `UpdateEstimate` and `StorePlanFromForm` belong together; appending is the checklist's own last
 /// step, so nothing is appended here.
-struct SaveRoad {
+struct SaveOutcome {
   bool staysOnForm = false;
   bool updatesRecord = false;
   bool PlanCancelled = false;  // nothing is appended
 };
-SaveRoad RoadOfSave(PlanMode mode, SaveChoice choice);
+SaveOutcome OutcomeOfSave(PlanMode mode, SaveChoice choice);
 
 }  // namespace norvale

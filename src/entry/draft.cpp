@@ -23,9 +23,9 @@ struct DraftRecord {
   std::uint8_t IsTypeChanged{};
   std::uint8_t IsPrintEnabled{};
   std::uint8_t CurrentScreen{};
-  std::array<FixedText<kBoxWidth>, kNumberBoxes> TxtDisp{};
+  std::array<FixedText<kBoxWidth>, kNumberBoxes> Numbers{};
   std::array<std::uint8_t, kNumberBoxes> IsTouched{};
-  std::array<FixedText<kBoxWidth>, kJoistBoxes> TxtDispJoist{};
+  std::array<FixedText<kBoxWidth>, kJoistBoxes> Joists{};
   EstimateRecord Plan{};
   EstimateRecord OnFile{};
 };
@@ -47,9 +47,9 @@ struct RecordFields<DraftRecord> {
       Field{"IsTypeChanged", 9, &DraftRecord::IsTypeChanged},
       Field{"IsPrintEnabled", 10, &DraftRecord::IsPrintEnabled},
       Field{"CurrentScreen", 11, &DraftRecord::CurrentScreen},
-      Field{"TxtDisp", 12, &DraftRecord::TxtDisp},
+      Field{"Numbers", 12, &DraftRecord::Numbers},
       Field{"IsTouched", 1092, &DraftRecord::IsTouched},
-      Field{"TxtDispJoist", 1146, &DraftRecord::TxtDispJoist},
+      Field{"Joists", 1146, &DraftRecord::Joists},
       Field{"Plan", 1346, &DraftRecord::Plan},
       Field{"OnFile", 1346 + EstimateRecordSize, &DraftRecord::OnFile},
   };
@@ -74,10 +74,10 @@ std::string EncodedDraft(const PlanDraft& draft) {
   record.IsPrintEnabled = draft.isPrintEnabled ? 1 : 0;
   record.CurrentScreen = static_cast<std::uint8_t>(draft.CurrentScreen);
   for (std::size_t box = 0; box < kNumberBoxes; ++box) {
-    record.TxtDisp[box].Assign(draft.TxtDisp[box]);
-    record.IsTouched[box] = draft.isTouched[box] ? 1 : 0;
+    record.Numbers[box].Assign(draft.numbers.values[box]);
+    record.IsTouched[box] = draft.isTouched.values[box] ? 1 : 0;
   }
-  for (std::size_t box = 0; box < kJoistBoxes; ++box) record.TxtDispJoist[box].Assign(draft.TxtDispJoist[box]);
+  for (std::size_t box = 0; box < kJoistBoxes; ++box) record.Joists[box].Assign(draft.joists.values[box]);
   record.Plan = draft.plan;
   record.OnFile = draft.onFile;
   std::string bytes(kDraftSize, '\0');
@@ -99,10 +99,10 @@ std::optional<PlanDraft> DecodedDraft(std::string_view bytes) {
   draft.plan = record.Plan;
   draft.onFile = record.OnFile;
   for (std::size_t box = 0; box < kNumberBoxes; ++box) {
-    draft.TxtDisp[box] = record.TxtDisp[box].Trimmed();
-    draft.isTouched[box] = record.IsTouched[box] != 0;
+    draft.numbers.values[box] = record.Numbers[box].Trimmed();
+    draft.isTouched.values[box] = record.IsTouched[box] != 0;
   }
-  for (std::size_t box = 0; box < kJoistBoxes; ++box) draft.TxtDispJoist[box] = record.TxtDispJoist[box].Trimmed();
+  for (std::size_t box = 0; box < kJoistBoxes; ++box) draft.joists.values[box] = record.Joists[box].Trimmed();
   return draft;
 }
 
@@ -143,16 +143,16 @@ PlanDraft DraftOf(const PlanForm& form, const EstimateRecord& current, const Est
                   .CurrentScreen = form.CurrentScreen,
                   .plan = current,
                   .onFile = onFile,
-                  .TxtDisp = {},
+                  .numbers = {},
                   .isTouched = {},
-                  .TxtDispJoist = {}};
+                  .joists = {}};
   StorePlanFromForm(form, draft.plan);
   PadTexts(draft.plan);
-  for (std::size_t box = 0; box < kNumberBoxes; ++box) {
-    draft.TxtDisp[box] = form.TxtDisp[box].text;
-    draft.isTouched[box] = form.TxtDisp[box].isTouched;
+  for (const NumberBox box : kAllNumberBoxes) {
+    draft.numbers[box] = form.numbers[box].text;
+    draft.isTouched[box] = form.numbers[box].isTouched;
   }
-  for (std::size_t box = 0; box < kJoistBoxes; ++box) draft.TxtDispJoist[box] = form.TxtDispJoist[box].text;
+  for (const JoistBox box : kAllJoistBoxes) draft.joists[box] = form.joists[box].text;
   return draft;
 }
 
@@ -160,7 +160,7 @@ PlanDraft AsNewPlan(PlanDraft draft) {
   draft.mode = PlanMode::New;
   draft.isTypeChanged = false;
   draft.onFile = {};
-  draft.isTouched.fill(true);  // what an opened plan holds is not the program's to compute
+  draft.isTouched.values.fill(true);  // what an opened plan holds is not the program's to compute
   return draft;
 }
 
@@ -172,11 +172,11 @@ PlanForm FormOfDraft(const PlanDraft& draft, EstimateRecord& plan, const std::ve
   form.mode = draft.mode;
   form.isPrintEnabled = draft.isPrintEnabled;
   form.CurrentScreen = draft.CurrentScreen;
-  for (std::size_t box = 0; box < kNumberBoxes; ++box) {
-    form.TxtDisp[box].text = draft.TxtDisp[box];
-    form.TxtDisp[box].isTouched = draft.isTouched[box];
+  for (const NumberBox box : kAllNumberBoxes) {
+    form.numbers[box].text = draft.numbers[box];
+    form.numbers[box].isTouched = draft.isTouched[box];
   }
-  for (std::size_t box = 0; box < kJoistBoxes; ++box) form.TxtDispJoist[box].text = draft.TxtDispJoist[box];
+  for (const JoistBox box : kAllJoistBoxes) form.joists[box].text = draft.joists[box];
   form.mark = ChangeMark::Modified;
   return form;
 }

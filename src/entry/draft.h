@@ -28,9 +28,9 @@ struct PlanDraft {
   EstimateRecord plan{};    // as the form has it
   EstimateRecord onFile{};  // as the opened plan was read; its key is the one under the cursor
   // What stands in the boxes may still be more than a record holds.
-  std::array<std::string, kNumberBoxes> TxtDisp;
-  std::array<bool, kNumberBoxes> isTouched{};
-  std::array<std::string, kJoistBoxes> TxtDispJoist;
+  ByNumberBox<std::string> numbers;
+  ByNumberBox<bool> isTouched;
+  ByJoistBox<std::string> joists;
 
   bool operator==(const PlanDraft&) const = default;
 };

@@ -1,7 +1,6 @@
 #include "entry/form_fields.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "base/numbers.h"
 #include "base/text.h"
@@ -12,8 +11,6 @@ namespace {
 
 constexpr int kUsualPosition = 360;  // of a line that does not stand in
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 template <typename Box>
 void SetText(PlanForm& form, Box& box, const std::string& text) {
   if (box.text == text) return;
@@ -23,48 +20,39 @@ void SetText(PlanForm& form, Box& box, const std::string& text) {
 
 }  // namespace
 
-std::string ShownText(const SelectionBox& box) {
-  if (box.ListIndex < 0) return box.unlistedText;
-  const auto row = static_cast<std::size_t>(box.ListIndex);
-  return row < box.rows.size() ? box.rows[row] : std::string();
+std::string ShownText(const ListState& list) {
+  if (list.ListIndex < 0) return list.unlistedText;
+  const auto row = static_cast<std::size_t>(list.ListIndex);
+  return row < list.rows.size() ? list.rows[row] : std::string();
 }
 
-double NumberOf(const PlanForm& form, int box) { return Val(form.TxtDisp[box].text); }
+bool IsEnabled(const PlanForm& form, LineField field) {
+  if (field.IsList()) return form.lists[field.List()].enabled;
+  return field.IsNumber() && form.numbers[field.Number()].enabled;
+}
 
-void SetNumberText(PlanForm& form, int box, const std::string& text) {
+double NumberOf(const PlanForm& form, NumberBox box) { return Val(form.numbers[box].text); }
+
+void SetNumberText(PlanForm& form, NumberBox box, const std::string& text) {
   // A new text is a new entry: it is not let pass because the one before was asked about.
-  if (form.RefocusPending == box && form.TxtDisp[box].text != text) form.RefocusPending.reset();
-  SetText(form, form.TxtDisp[box], text);
+  if (form.RefocusPending == box && form.numbers[box].text != text) form.RefocusPending.reset();
+  SetText(form, form.numbers[box], text);
 }
 
-void SetJoistText(PlanForm& form, int box, const std::string& text) { SetText(form, form.TxtDispJoist[box], text); }
-
-int JoistBoxOf(int numberBox) {
-  if (numberBox >= 26 && numberBox <= 30) return numberBox - 26;
-  if (numberBox >= 37 && numberBox <= 41) return numberBox - 32;
-  return -1;
-}
-
-LineControl ParseControlCode(std::string_view code) {
-  if (code.size() < 4 || code[1] != ':' || !IsDigit(code[2]) || !IsDigit(code[3])) return {};
-  const int index = (code[2] - '0') * 10 + (code[3] - '0');
-  if (code[0] == 'C' && index < static_cast<int>(kSelectionLists)) return {ControlKind::Selection, index};
-  if (code[0] == 'T' && index < static_cast<int>(kNumberBoxes)) return {ControlKind::Number, index};
-  return {};
-}
+void SetJoistText(PlanForm& form, JoistBox box, const std::string& text) { SetText(form, form.joists[box], text); }
 
 void PlaceLines(PlanForm& form, const std::vector<ScreenLine>& lines) {
-  form.LineOfCombo.fill(-1);
-  form.LineOfNumber.fill(-1);
+  form.lineOfList.values.fill(-1);
+  form.lineOfNumber.values.fill(-1);
   const std::size_t count = std::min(lines.size(), kScreenLines);
   for (std::size_t line = 0; line < count; ++line) {
-    CaptionLine& placed = form.lblLine[line];
+    LineState& placed = form.lines[line];
     placed.caption = TrimRight(lines[line].Caption.Padded());
     placed.hint = TrimRight(lines[line].LineText.Padded());
     placed.isIndented = lines[line].LeftPosition > kUsualPosition;
-    placed.control = ParseControlCode(lines[line].ControlCode.Padded());
-    if (placed.control.kind == ControlKind::Selection) form.LineOfCombo[placed.control.index] = static_cast<int>(line);
-    if (placed.control.kind == ControlKind::Number) form.LineOfNumber[placed.control.index] = static_cast<int>(line);
+    placed.field = FieldOfLine(lines[line]);
+    if (placed.field.IsList()) form.lineOfList[placed.field.List()] = static_cast<int>(line);
+    if (placed.field.IsNumber()) form.lineOfNumber[placed.field.Number()] = static_cast<int>(line);
   }
   form.LastLine = static_cast<int>(count) - 1;
 }

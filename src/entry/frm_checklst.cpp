@@ -274,7 +274,7 @@ void frmChecklst::showEvent(QShowEvent* event) {
       this,
       [this] {
         const PlanDraft draft = *std::exchange(draft_, std::nullopt);
-        Walk([this, &draft](const RoadWindows& windows) { return ResumePlanRoad(program_, form_, draft, windows); });
+        Run([this, &draft](const WorkflowWindows& windows) { return ResumePlanWorkflow(program_, form_, draft, windows); });
       },
       Qt::QueuedConnection);
 }
@@ -375,7 +375,7 @@ void frmChecklst::PressOk() {
     copyLoop_->quit();
     return;
   }
-  Walk([this](const RoadWindows& windows) { return TakePlanRoad(program_, form_, windows); });
+  Run([this](const WorkflowWindows& windows) { return RunPlanWorkflow(program_, form_, windows); });
 }
 
 void frmChecklst::Print() {
@@ -390,23 +390,23 @@ void frmChecklst::Print() {
   ShowForm();
 }
 
-void frmChecklst::Walk(const std::function<RoadEnd(const RoadWindows&)>& road) {
+void frmChecklst::Run(const std::function<WorkflowEnd(const WorkflowWindows&)>& workflow) {
   isBusy_ = true;
   SetStatus(QString::fromLatin1(kLoadingLine));
-  RoadEnd end = RoadEnd::StaysOnChecklist;
-  Try(program_.messages, [&] { end = road(Windows()); });
+  WorkflowEnd end = WorkflowEnd::StaysOnChecklist;
+  Try(program_.messages, [&] { end = workflow(Windows()); });
   isBusy_ = false;
-  if (end == RoadEnd::ClosesChecklist) form_.isOpen = false;
+  if (end == WorkflowEnd::ClosesChecklist) form_.isOpen = false;
   if (form_.isOpen) activateWindow();
   ShowForm();
   ShowFocus();
   EndIfClosed();
 }
 
-RoadWindows frmChecklst::Windows() {
-  RoadWindows windows;
+WorkflowWindows frmChecklst::Windows() {
+  WorkflowWindows windows;
   windows.measure = [this](PlanForm& form) { return Frmnewest(program_, form, this).exec() == Accepted; };
-  // One form for the whole road: shown again, it is as it was left.
+  // One form for the whole workflow: shown again, it is as it was left.
   windows.enterPlan = [this, display = std::shared_ptr<frmDisplay>()](PlanForm& form, bool isPlanChanged,
                                                                       const std::function<void()>& keepDraft) mutable {
     if (!display) {

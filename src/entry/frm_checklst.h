@@ -8,7 +8,7 @@
 
 #include "entry/checklist_form.h"
 #include "entry/draft.h"
-#include "entry/plan_road.h"
+#include "entry/plan_workflow.h"
 
 class QCheckBox;
 class QEventLoop;
@@ -24,7 +24,7 @@ namespace norvale {
 class LivePanel;
 class RingLabel;
 
-/// What the road of a plan needs of forms that are not entry's.
+/// What the workflow of a plan needs of forms that are not entry's.
 struct PlanTasks {
   /// Picks the customer of a plan. True: the session's current customer is the one chosen.
   std::function<bool(QWidget* parent)> chooseCustomer;
@@ -72,8 +72,8 @@ class frmChecklst : public QDialog {
   void Press(ChecklistButton button);
   void PressOk();
   void Print();
-  void Walk(const std::function<RoadEnd(const RoadWindows&)>& road);
-  RoadWindows Windows();
+  void Run(const std::function<WorkflowEnd(const WorkflowWindows&)>& workflow);
+  WorkflowWindows Windows();
   bool NameCopy();
   void LeaveBox(std::size_t box);
   void Toggle(PlanCheck box);
@@ -87,7 +87,7 @@ class frmChecklst : public QDialog {
   const PlanTasks tasks_;
   ChecklistForm form_;
   std::optional<PlanDraft> draft_;
-  bool isBusy_ = false;             // a road is walked, or a message is shown
+  bool isBusy_ = false;             // a workflow runs, or a message is shown
   QEventLoop* copyLoop_ = nullptr;  // runs while a copy is named
   bool isCopyNamed_ = false;
 

@@ -1,6 +1,6 @@
 #include "entry/frm_display.h"
 
-#include <QGridLayout>
+#include <QBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -25,6 +25,7 @@
 #include "entry/frm_estsave.h"
 #include "entry/frm_live_panel.h"
 #include "entry/frm_newest.h"
+#include "entry/frm_page.h"
 #include "entry/frm_roof.h"
 #include "entry/plan_form.h"
 #include "entry/screens.h"
@@ -36,23 +37,6 @@ namespace {
 constexpr QSize kLeastWindow(1024, 700);
 constexpr const char* kKeysLine = " TAB or SHIFT+TAB To Move; ALT+DN=List F1=Help ALT+F2=Calculator  ESC=Exit";
 constexpr const char* kPrintLine = "Loading Print Information ...";
-
-// Columns of a screen's lines.
-enum Column { kCaption, kBox, kExtra, kHint };
-
-// The boxes whose lines the headings of the girder members stand beside.
-constexpr int kFirstMemberBox = 4;
-constexpr int kSecondMemberBox = 9;
-constexpr int kMemberRows = 5;
-
-// The number box in whose line a joist box stands.
-int NumberBoxOf(int joistBox) { return joistBox < 5 ? joistBox + 26 : joistBox + 32; }
-
-QString SpokenName(const std::string& caption) {
-  QString name = Shown(ToUtf8(caption));
-  if (name.endsWith(QLatin1Char(':'))) name.chop(1);
-  return name;
-}
 
 }  // namespace
 
@@ -133,132 +117,16 @@ QWidget* frmDisplay::MakeHead() {
 }
 
 void frmDisplay::MakePage(int screen) {
-  auto* const page = new QWidget;
-  page->setObjectName(InArray("pctPage", static_cast<std::size_t>(screen)));
-  auto* const grid = new QGridLayout(page);
-  const int space = fontMetrics().height();
-  grid->setContentsMargins(space * 3 / 2, space * 3 / 4, space, space / 4);
-  grid->setHorizontalSpacing(Spacing());
-  grid->setColumnStretch(kHint, 1);
-  const int bounds = LineRange(form_, screen + kLineBounds);
-  const int first = bounds / 256;
-  const int last = bounds % 256;
-  for (int line = first; line <= last; ++line) MakeLine(page, grid, line, line - first);
-  const int rows = last - first + 1;
-  // Label1 belongs to the lengths of the house.
-  constexpr int kLengthsScreen = 2;
-  if (screen == kLengthsScreen) {
-    Label1_ = new QLabel(tr("Where no garage or carport makes the house longer, enter its length twice."), page);
-    Label1_->setObjectName(QStringLiteral("Label1"));
-    Label1_->setProperty("role", QStringLiteral("quiet"));
-    grid->addWidget(Label1_, rows, kCaption, 1, kHint + 1);
-  }
-  const auto bracket = [&](const char* name, int box) {
-    auto* const label = new BracketLabel(page);
-    label->setObjectName(QString::fromLatin1(name));
-    grid->addWidget(label, form_.LineOfNumber[box] - first, kExtra, kMemberRows, 1);
-    return label;
-  };
-  if (ScreenOfNumber(form_, kFirstMemberBox) == screen) lblc1_ = bracket("lblc1", kFirstMemberBox);
-  if (ScreenOfNumber(form_, kSecondMemberBox) == screen) lblc2_ = bracket("lblc2", kSecondMemberBox);
-  grid->setRowStretch(rows + 1, 1);
+  auto* const page = new PlanPage(form_, screen);
+  connect(page, &PlanPage::Changed, this, &frmDisplay::FormChanged);
+  connect(page, &PlanPage::Entered, this, &frmDisplay::BoxEntered);
+  connect(page, &PlanPage::Refused, this, [this](const std::string& message, NumberEdit* edit, bool focusReturns) {
+    Tell(message);
+    if (focusReturns) edit->TakeFocusBack();
+  });
+  page->ShowLines();
   Page_->addWidget(page);
-}
-
-void frmDisplay::MakeLine(QWidget* page, QGridLayout* grid, int line, int row) {
-  const CaptionLine& placed = form_.lblLine[line];
-  const auto index = static_cast<std::size_t>(line);
-  auto* const caption = new CutLabel(Shown(ToUtf8(placed.caption)), page);
-  caption->setObjectName(InArray("lblLine", index));
-  if (placed.isIndented) caption->setContentsMargins(fontMetrics().height(), 0, 0, 0);
-  grid->addWidget(caption, row, kCaption);
-  lblLine_[index] = caption;
-  auto* const hint = new CutLabel(Shown(ToUtf8(placed.hint)), page);
-  hint->setObjectName(InArray("lblHint", index));
-  hint->setProperty("role", QStringLiteral("quiet"));
-  grid->addWidget(hint, row, kHint);
-  lblHint_[index] = hint;
-
-  const int box = placed.control.index;
-  if (placed.control.kind == ControlKind::Selection && form_.LineOfCombo[box] == line) {
-    grid->addWidget(MakeList(page, box), row, kBox, 1, 2);
-  } else if (placed.control.kind == ControlKind::Number && form_.LineOfNumber[box] == line) {
-    grid->addWidget(MakeNumber(page, box), row, kBox);
-    if (const int joist = JoistBoxOf(box); joist >= 0) grid->addWidget(MakeJoist(page, joist, SpokenName(placed.caption)), row, kExtra);
-  }
-}
-
-QWidget* frmDisplay::MakeNumber(QWidget* page, int box) {
-  auto* const edit = new NumberEdit(page);
-  const auto index = static_cast<std::size_t>(box);
-  const int line = form_.LineOfNumber[box];
-  edit->setObjectName(InArray("TxtDisp", index));
-  edit->setAccessibleName(SpokenName(form_.lblLine[line].caption));
-  edit->setAccessibleDescription(Shown(ToUtf8(form_.lblLine[line].hint)));
-  edit->setFixedWidth(NumberWidth());
-  connect(edit, &NumberEdit::Changed, this, [this, edit, box] {
-    SetNumberText(form_, box, Typed(edit->text()));
-    FormChanged();
-  });
-  connect(edit, &NumberEdit::Entered, this, [this, edit, box, line] {
-    EnterNumberBox(form_, box);
-    BoxEntered(edit, line);
-  });
-  connect(edit, &NumberEdit::LeftForBox, this, [this, box] { LeaveNumber(box); });
-  connect(edit, &NumberEdit::LeftForButton, this, [this, box] {
-    RoundNumberBox(form_, box);
-    ShowForm();
-  });
-  TxtDisp_[index] = edit;
-  return edit;
-}
-
-QWidget* frmDisplay::MakeJoist(QWidget* page, int box, const QString& name) {
-  auto* const both = new QWidget(page);
-  auto* const label = new QLabel(tr("joists"), both);
-  label->setProperty("role", QStringLiteral("quiet"));
-  auto* const edit = new NumberEdit(both);
-  const auto index = static_cast<std::size_t>(box);
-  const int line = form_.LineOfNumber[NumberBoxOf(box)];
-  edit->setObjectName(InArray("TxtDispJoist", index));
-  edit->setAccessibleName(tr("Joist length in feet of: %1").arg(name));
-  edit->setFixedWidth(NumberWidth());
-  connect(edit, &NumberEdit::Changed, this, [this, edit, box] {
-    SetJoistText(form_, box, Typed(edit->text()));
-    FormChanged();
-  });
-  connect(edit, &NumberEdit::Entered, this, [this, edit, line] { BoxEntered(edit, line); });
-  connect(edit, &NumberEdit::LeftForBox, this, [this, box] { LeaveJoist(box); });
-  connect(edit, &NumberEdit::LeftForButton, this, [this, box] {
-    RoundJoistBox(form_, box);
-    ShowForm();
-  });
-  auto* const row = new QHBoxLayout(both);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->addWidget(label);
-  row->addWidget(edit);
-  row->addStretch();
-  TxtDispJoist_[index] = edit;
-  lblJoist_[index] = label;
-  return both;
-}
-
-QWidget* frmDisplay::MakeList(QWidget* page, int list) {
-  auto* const box = new ChoiceList(page);
-  const auto index = static_cast<std::size_t>(list);
-  const int line = form_.LineOfCombo[list];
-  box->setObjectName(InArray("combo1", index));
-  box->setAccessibleName(SpokenName(form_.lblLine[line].caption));
-  box->setAccessibleDescription(Shown(ToUtf8(form_.lblLine[line].hint)));
-  for (const std::string& row : form_.combo1[list].rows) box->addItem(Shown(ToUtf8(row)));
-  connect(box, &QComboBox::activated, this, [this, list](int row) { Choose(list, row); });
-  connect(box, &ChoiceList::Entered, this, [this, box, list, line] {
-    choiceBefore_ = {form_.combo1[list].ListIndex, form_.combo1[list].unlistedText};
-    BoxEntered(box, line);
-  });
-  connect(box, &ChoiceList::UndoAsked, this, [this, list] { UndoChoice(list); });
-  combo1_[index] = box;
-  return box;
+  pages_[static_cast<std::size_t>(screen)] = page;
 }
 
 QPushButton* frmDisplay::MakeButton(const char* ring, const char* name, const QString& caption, QBoxLayout* row) {
@@ -274,20 +142,20 @@ QWidget* frmDisplay::MakeButtons() {
   const int space = fontMetrics().height();
   row->setContentsMargins(space * 3 / 2 - 3, space / 3, space * 3 / 2 - 3, space / 3);
   row->setSpacing(space / 4);
-  cmdDISP1_ = MakeButton("lbldisp1", "cmdDISP1", tr("&Next Screen"), row);
-  cmdDISP2_ = MakeButton("lbldisp2", "cmdDISP2", tr("Pre&v Screen"), row);
-  cmdDISP3_ = MakeButton("lbldisp3", "cmdDISP3", tr("&Print"), row);
-  cmdDISP4_ = MakeButton("lbldisp4", "cmdDISP4", tr("E&xit"), row);
+  cmdNext_ = MakeButton("lblNext", "cmdNext", tr("&Next Screen"), row);
+  cmdPrev_ = MakeButton("lblPrev", "cmdPrev", tr("Pre&v Screen"), row);
+  cmdPrint_ = MakeButton("lblPrint", "cmdPrint", tr("&Print"), row);
+  cmdExit_ = MakeButton("lblExit", "cmdExit", tr("E&xit"), row);
   row->addStretch();
-  cmdDOROOF_ = MakeButton("lblDOROOF", "cmdDOROOF", tr("Stick Built Roof"), row);
-  cmdDOROOF_->setShortcut(QKeySequence(Qt::ALT | Qt::Key_R));
-  cmdDOROOF_->setToolTip(tr("ALT+R"));
+  cmdRoof_ = MakeButton("lblRoof", "cmdRoof", tr("Stick Built Roof"), row);
+  cmdRoof_->setShortcut(QKeySequence(Qt::ALT | Qt::Key_R));
+  cmdRoof_->setToolTip(tr("ALT+R"));
   cmdPreliminary_ = MakeButton("lblPreliminary", "cmdPreliminary", tr("Prelim&inary..."), row);
-  connect(cmdDISP1_, &QPushButton::clicked, this, [this] { Go(+1); });
-  connect(cmdDISP2_, &QPushButton::clicked, this, [this] { Go(-1); });
-  connect(cmdDISP3_, &QPushButton::clicked, this, &frmDisplay::Print);
-  connect(cmdDISP4_, &QPushButton::clicked, this, &frmDisplay::Exit);
-  connect(cmdDOROOF_, &QPushButton::clicked, this, &frmDisplay::OpenRoof);
+  connect(cmdNext_, &QPushButton::clicked, this, [this] { Go(+1); });
+  connect(cmdPrev_, &QPushButton::clicked, this, [this] { Go(-1); });
+  connect(cmdPrint_, &QPushButton::clicked, this, &frmDisplay::Print);
+  connect(cmdExit_, &QPushButton::clicked, this, &frmDisplay::Exit);
+  connect(cmdRoof_, &QPushButton::clicked, this, &frmDisplay::OpenRoof);
   connect(cmdPreliminary_, &QPushButton::clicked, this, &frmDisplay::OpenPreliminary);
   return band;
 }
@@ -316,77 +184,37 @@ QWidget* frmDisplay::MakeFoot() {
   return foot;
 }
 
-int frmDisplay::WidthOfBox(int line) const {
-  const auto& [kind, index] = form_.lblLine[line].control;
-  const auto at = static_cast<std::size_t>(index);
-  if (kind == ControlKind::Selection && combo1_[at] != nullptr) return combo1_[at]->sizeHint().width();
-  if (kind != ControlKind::Number || TxtDisp_[at] == nullptr) return 0;
-  const int joist = JoistBoxOf(index);
-  if (joist < 0) return TxtDisp_[at]->width();
-  const QWidget* const extra = TxtDispJoist_[static_cast<std::size_t>(joist)]->parentWidget();
-  return TxtDisp_[at]->width() + Spacing() + extra->sizeHint().width();
-}
-
-int frmDisplay::Spacing() const { return fontMetrics().height() * 2 / 3; }
-
-int frmDisplay::NumberWidth() const { return fontMetrics().averageCharWidth() * 9; }
-
 // The least window shows every screen whole: with more room lines stand further apart, with less what to enter is written
 // smaller.
 void frmDisplay::FitLines(int heightOfFrame) {
-  struct Widths {
-    int caption = 0;
-    int box = 0;
-    int hint = 0;
-
-    void Hold(const Widths& other) {
-      caption = std::max(caption, other.caption), box = std::max(box, other.box), hint = std::max(hint, other.hint);
-    }
-    [[nodiscard]] int Whole() const { return caption + box + hint; }
-  };
-  std::array<Widths, ScreenCount + 1> pages;
-  Widths all;
+  std::array<PageWidths, kScreens> widths;
+  PageWidths all;
   int mostLines = 0;
   int lineHeight = 0;
-  for (int screen = 0; screen <= ScreenCount; ++screen) {
-    const int bounds = LineRange(form_, screen + kLineBounds);
-    Widths& page = pages[static_cast<std::size_t>(screen)];
-    for (int line = bounds / 256; line <= bounds % 256; ++line) {
-      const auto at = static_cast<std::size_t>(line);
-      page.Hold({lblLine_[at]->sizeHint().width(), WidthOfBox(line), lblHint_[at]->sizeHint().width()});
-      if (form_.lblLine[line].control.kind == ControlKind::Selection)
-        if (const auto* const list = combo1_[static_cast<std::size_t>(form_.lblLine[line].control.index)])
-          lineHeight = std::max(lineHeight, list->sizeHint().height());
-    }
-    all.Hold(page);
-    mostLines = std::max(mostLines, bounds % 256 - bounds / 256 + 1);
+  for (std::size_t screen = 0; screen < kScreens; ++screen) {
+    widths[screen] = pages_[screen]->Widths();
+    all.Hold(widths[screen]);
+    mostLines = std::max(mostLines, pages_[screen]->LineCount());
+    lineHeight = std::max(lineHeight, pages_[screen]->LineHeight());
   }
-
-  const QMargins margins = Page_->widget(0)->layout()->contentsMargins();
-  const int width = kLeastWindow.width() - margins.left() - margins.right() - 2 * Spacing();
+  const QMargins margins = pages_[0]->layout()->contentsMargins();
+  const int spacing = fontMetrics().height() * 2 / 3;
+  const int width = kLeastWindow.width() - margins.left() - margins.right() - 2 * spacing;
   const int height = kLeastWindow.height() - heightOfFrame - margins.top() - margins.bottom();
   const int apart = std::clamp((height - mostLines * lineHeight) / mostLines, 2, fontMetrics().height() / 2);
   // Captions, boxes and texts begin at the same place on every screen, where that leaves room for the texts.
   const bool isAligned = all.Whole() <= width;
   double scale = 1;
-  for (int screen = 0; screen <= ScreenCount; ++screen) {
-    const Widths& page = pages[static_cast<std::size_t>(screen)];
-    auto* const grid = static_cast<QGridLayout*>(Page_->widget(screen)->layout());
-    grid->setVerticalSpacing(apart);
-    grid->setColumnMinimumWidth(kCaption, isAligned ? all.caption : page.caption);
-    // Columns in which nothing stands would lose the space between them.
-    const int extra = (isAligned ? all.box : page.box) - NumberWidth() - Spacing();
-    const int below = grid->rowCount() - 1;
-    grid->addItem(new QSpacerItem(NumberWidth(), 0), below, kBox);
-    grid->addItem(new QSpacerItem(extra, 0), below, kExtra);
+  for (std::size_t screen = 0; screen < kScreens; ++screen) {
+    const PageWidths& page = widths[screen];
+    pages_[screen]->Place(isAligned ? all : page, apart);
     if (page.Whole() > width) scale = std::min(scale, static_cast<double>(width - page.caption - page.box) / page.hint);
   }
   if (scale == 1) return;
   constexpr double kLeastScale = 0.75;
   QFont small = font();
   small.setPointSizeF(font().pointSizeF() * std::max(scale, kLeastScale));
-  for (QLabel* const hint : lblHint_)
-    if (hint != nullptr) hint->setFont(small);
+  for (PlanPage* const page : pages_) page->SetHintFont(small);
 }
 
 int frmDisplay::exec() {
@@ -400,7 +228,7 @@ void frmDisplay::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   if (event->spontaneous() || isShownOnce_) return;
   isShownOnce_ = true;
-  FocusLine(LineRange(form_, form_.CurrentScreen));
+  FocusLine(FirstUsableLine(form_, form_.CurrentScreen));
   // Once the form is seen.
   QMetaObject::invokeMethod(this, &frmDisplay::AskAboutShutBoxes, Qt::QueuedConnection);
 }
@@ -418,56 +246,24 @@ void frmDisplay::keyPressEvent(QKeyEvent* event) {
 
 void frmDisplay::ShowForm() {
   Page_->setCurrentIndex(form_.CurrentScreen);
-  for (std::size_t line = 0; line < kScreenLines; ++line) {
-    if (lblLine_[line] == nullptr) continue;
-    lblLine_[line]->setEnabled(form_.lblLine[line].enabled);
-    lblHint_[line]->setEnabled(form_.lblLine[line].enabled);
-  }
-  for (std::size_t list = 0; list < kSelectionLists; ++list) {
-    ChoiceList* const box = combo1_[list];
-    if (box == nullptr) continue;
-    const SelectionBox& choice = form_.combo1[list];
-    box->setEnabled(choice.enabled);
-    if (box->currentIndex() != choice.ListIndex) box->setCurrentIndex(choice.ListIndex);
-    const QString unlisted = Shown(ToUtf8(choice.unlistedText));
-    box->setPlaceholderText(unlisted);
-    box->setToolTip(unlisted.isEmpty() ? QString() : tr("The list no longer has %1.").arg(unlisted));
-  }
-  for (std::size_t box = 0; box < kNumberBoxes; ++box) {
-    if (TxtDisp_[box] == nullptr) continue;
-    TxtDisp_[box]->setEnabled(form_.TxtDisp[box].enabled);
-    TxtDisp_[box]->Show(Shown(form_.TxtDisp[box].text));
-  }
-  for (std::size_t box = 0; box < kJoistBoxes; ++box) {
-    if (TxtDispJoist_[box] == nullptr) continue;
-    const JoistBox& joist = form_.TxtDispJoist[box];
-    TxtDispJoist_[box]->setEnabled(joist.enabled);
-    TxtDispJoist_[box]->Show(Shown(joist.text));
-    TxtDispJoist_[box]->setVisible(!joist.isHidden);
-    lblJoist_[box]->setVisible(!joist.isHidden);
-    lblJoist_[box]->setEnabled(joist.enabled);
-  }
+  CurrentPage()->ShowLines();
   ShowFrame();
 }
+
+PlanPage* frmDisplay::CurrentPage() const { return pages_[static_cast<std::size_t>(form_.CurrentScreen)]; }
 
 void frmDisplay::ShowFrame() {
   const ScreenFrame frame = FrameOf(form_);
   PageLabel_->setText(Shown(frame.PageLabel));
-  if (Label1_ != nullptr) Label1_->setVisible(frame.showsLabel1);
-  for (const auto& [label, text] : {std::pair{lblc1_, &frame.lblc1}, std::pair{lblc2_, &frame.lblc2}}) {
-    if (label == nullptr) continue;
-    label->setText(Shown(*text));
-    label->setVisible(!text->empty());
-  }
   for (int screen = 0; screen <= ScreenCount; ++screen) {
     using State = ScreenMark::State;
     const State state = !HasUsableLine(form_, screen) ? State::Unused : IsScreenComplete(form_, screen) ? State::Complete : State::Open;
     marks_[static_cast<std::size_t>(screen)]->Set(state, screen == form_.CurrentScreen);
   }
-  cmdDISP1_->setEnabled(frame.canGoNext);
-  cmdDISP2_->setEnabled(frame.canGoBack);
-  cmdDISP3_->setEnabled(form_.isPrintEnabled && static_cast<bool>(tasks_.printEstimate));
-  cmdDOROOF_->setVisible(frame.showsRoofButton);
+  cmdNext_->setEnabled(frame.canGoNext);
+  cmdPrev_->setEnabled(frame.canGoBack);
+  cmdPrint_->setEnabled(form_.isPrintEnabled && static_cast<bool>(tasks_.printEstimate));
+  cmdRoof_->setVisible(frame.showsRoofButton);
 }
 
 void frmDisplay::FormChanged() {
@@ -482,8 +278,8 @@ void frmDisplay::BoxEntered(QWidget* box, int line) {
 }
 
 void frmDisplay::ShowStatus() {
-  const auto* const hint = lineAtHand_ < 0 ? nullptr : static_cast<CutLabel*>(lblHint_[static_cast<std::size_t>(lineAtHand_)]);
-  lblStatus_->setText(hint != nullptr && hint->IsCut() ? QLatin1Char(' ') + hint->text() : QString::fromLatin1(kKeysLine));
+  const QString hint = CurrentPage()->CutHint(lineAtHand_);
+  lblStatus_->setText(hint.isEmpty() ? QString::fromLatin1(kKeysLine) : QLatin1Char(' ') + hint);
 }
 
 void frmDisplay::BackToBox() {
@@ -491,34 +287,29 @@ void frmDisplay::BackToBox() {
 }
 
 void frmDisplay::FocusLine(int line) {
-  QWidget* focus = nullptr;
-  if (line >= 0) {
-    const LineControl& control = form_.lblLine[line].control;
-    const auto index = static_cast<std::size_t>(control.index);
-    if (control.kind == ControlKind::Selection) focus = combo1_[index];
-    if (control.kind == ControlKind::Number) focus = TxtDisp_[index];
-  }
+  QWidget* focus = CurrentPage()->BoxOfLine(line);
   // A screen without a box that can be used.
-  if (focus == nullptr) focus = cmdDISP1_->isEnabled() ? cmdDISP1_ : cmdDISP2_;
+  if (focus == nullptr) focus = cmdNext_->isEnabled() ? cmdNext_ : cmdPrev_;
   focus->setFocus(Qt::OtherFocusReason);
 }
 
-void frmDisplay::FocusFault(bool isJoistBox, int box) {
-  const int number = isJoistBox ? NumberBoxOf(box) : box;
-  // A box that is shut or hidden holds it: opened, so that it can be mended.
-  if (isJoistBox) {
-    form_.TxtDispJoist[box].enabled = true;
-    form_.TxtDispJoist[box].isHidden = false;
+void frmDisplay::FocusFault(std::variant<NumberBox, JoistBox> box) {
+  const auto* const joist = std::get_if<JoistBox>(&box);
+  const NumberBox number = joist != nullptr ? RowOf(*joist).bay : std::get<NumberBox>(box);
+  // A box that is shut or hidden holds it: opened, so that it can be corrected.
+  if (joist != nullptr) {
+    form_.joists[*joist].enabled = true;
+    form_.joists[*joist].isHidden = false;
   } else {
-    form_.TxtDisp[box].enabled = true;
+    form_.numbers[number].enabled = true;
   }
   if (const int screen = ScreenOfNumber(form_, number); screen >= 0) {
     form_.CurrentScreen = screen;  // one with nothing else to enter would be passed over
     ShowScreen(form_, 0);
-    ScreenChanged(form_.LineOfNumber[static_cast<std::size_t>(number)]);
+    ScreenChanged(form_.lineOfNumber[number]);
   }
   ShowForm();
-  NumberEdit* const edit = isJoistBox ? TxtDispJoist_[static_cast<std::size_t>(box)] : TxtDisp_[static_cast<std::size_t>(box)];
+  NumberEdit* const edit = CurrentPage()->EditOf(box);
   if (edit == nullptr) return;
   edit->setFocus(Qt::OtherFocusReason);
   edit->selectAll();  // it may have had the focus all along
@@ -526,69 +317,22 @@ void frmDisplay::FocusFault(bool isJoistBox, int box) {
 
 void frmDisplay::Tell(const std::string& message) { program_.messages.ShowMessage(WithTitle(message)); }
 
-bool frmDisplay::IsInSight(const QWidget* box) const { return box->isVisibleTo(this); }
-
-void frmDisplay::LeaveNumber(int box) {
-  NumberEdit* const edit = TxtDisp_[static_cast<std::size_t>(box)];
-  if (!IsInSight(edit)) return;  // the screen has changed meanwhile
-  const BoxLeaving leaving = LeaveNumberBox(form_, box);
-  ShowForm();
-  FormChanged();
-  if (!leaving.message.empty()) Tell(leaving.message);
-  if (leaving.focusReturns) edit->TakeFocusBack();
-}
-
-void frmDisplay::LeaveJoist(int box) {
-  NumberEdit* const edit = TxtDispJoist_[static_cast<std::size_t>(box)];
-  if (!IsInSight(edit)) return;
-  const BoxLeaving leaving = norvale::LeaveJoistBox(form_, box);
-  ShowForm();
-  FormChanged();
-  if (!leaving.message.empty()) Tell(leaving.message);
-  if (leaving.focusReturns) edit->TakeFocusBack();
-}
-
-void frmDisplay::RoundBoxAtHand() {
-  const QWidget* const focus = focusWidget();
-  for (int box = 0; box < static_cast<int>(kNumberBoxes); ++box)
-    if (focus != nullptr && TxtDisp_[static_cast<std::size_t>(box)] == focus) RoundNumberBox(form_, box);
-  for (int box = 0; box < static_cast<int>(kJoistBoxes); ++box)
-    if (focus != nullptr && TxtDispJoist_[static_cast<std::size_t>(box)] == focus) RoundJoistBox(form_, box);
-  ShowForm();
-}
-
-void frmDisplay::Choose(int list, int row) {
-  if (row == form_.combo1[list].ListIndex) return;
-  ClickSelectionBox(form_, list, row);
-  ShowForm();
-  FormChanged();
-}
-
-void frmDisplay::UndoChoice(int list) {
-  if (choiceBefore_.row == form_.combo1[list].ListIndex) return;
-  ClickSelectionBox(form_, list, choiceBefore_.row);
-  form_.combo1[list].unlistedText = choiceBefore_.unlistedText;
-  ShowForm();
-  FormChanged();
-}
-
 void frmDisplay::Go(int delta) {
-  RoundBoxAtHand();
+  CurrentPage()->RoundBoxAtHand();
   if (form_.CurrentScreen + delta < 0 || form_.CurrentScreen + delta > ScreenCount) return;
   ScreenChanged(ShowScreen(form_, delta));
 }
 
 void frmDisplay::GoTo(int screen) {
-  RoundBoxAtHand();
+  CurrentPage()->RoundBoxAtHand();
   ScreenChanged(GoToScreen(form_, screen));
 }
 
 void frmDisplay::ScreenChanged(int line) {
   // Away from the old page first: it would hand its focus to any box of the new one.
   Page_->setFocus(Qt::OtherFocusReason);
-  Page_->setCurrentIndex(form_.CurrentScreen);
-  FocusLine(line);
   ShowForm();
+  FocusLine(line);
   FormChanged();
   if (tasks_.keepDraft) Try(program_.messages, tasks_.keepDraft);
 }
@@ -597,12 +341,12 @@ bool frmDisplay::ToldNumberFault() {
   const auto fault = FirstNumberFault(form_);
   if (!fault) return false;
   Tell(fault->message);
-  FocusFault(fault->isJoistBox, fault->box);
+  FocusFault(fault->box);
   return true;
 }
 
 void frmDisplay::Print() {
-  RoundBoxAtHand();
+  CurrentPage()->RoundBoxAtHand();
   if (ToldNumberFault()) return;
   const PrintCheck check = CheckBeforePrint(form_);
   ShowForm();
@@ -611,8 +355,7 @@ void frmDisplay::Print() {
     ScreenChanged(GoToScreen(form_, check.screen));
     const ScreenCheck found = CheckScreenComplete(form_, check.screen);
     if (!found.message.empty()) Tell(found.message);
-    if (found.focus)
-      TxtDisp_[static_cast<std::size_t>(*found.focus)]->setFocus(Qt::OtherFocusReason);  // each has a line: see RefusalOfPlan
+    if (found.focus) CurrentPage()->EditOf(*found.focus)->setFocus(Qt::OtherFocusReason);  // each has a line: see RefusalOfPlan
     return;
   }
   lblStatus_->setText(QString::fromLatin1(kPrintLine));
@@ -622,26 +365,26 @@ void frmDisplay::Print() {
 }
 
 void frmDisplay::Exit() {
-  RoundBoxAtHand();
-  switch (RoadOfExit(form_, isPlanChanged_)) {
-    case ExitRoad::Leave:
+  CurrentPage()->RoundBoxAtHand();
+  switch (StepOfExit(form_, isPlanChanged_)) {
+    case ExitStep::Leave:
       return Leave(true);
-    case ExitRoad::AskToExit: {
+    case ExitStep::AskToExit: {
       const std::string number = ToUtf8(program_.session.CurrentEstimate.PlanNumber.Trimmed());
       if (program_.messages.ShowMessage(ExitQuestion(number)) != Answer::Yes) return BackToBox();
       break;
     }
-    case ExitRoad::AskToSave:
+    case ExitStep::AskToSave:
       break;
   }
   frmEstsave prompt(form_.mode, this);
   prompt.exec();
-  const SaveRoad road = RoadOfSave(form_.mode, prompt.Choice());
-  if (road.staysOnForm) return BackToBox();
-  const bool keepsPlan = road.updatesRecord || !road.PlanCancelled;
+  const SaveOutcome outcome = OutcomeOfSave(form_.mode, prompt.Choice());
+  if (outcome.staysOnForm) return BackToBox();
+  const bool keepsPlan = outcome.updatesRecord || !outcome.PlanCancelled;
   if (keepsPlan && ToldNumberFault()) return;
-  if (road.updatesRecord && !SaveInPlace()) return BackToBox();
-  Leave(road.PlanCancelled);
+  if (outcome.updatesRecord && !SaveInPlace()) return BackToBox();
+  Leave(outcome.PlanCancelled);
 }
 
 bool frmDisplay::SaveInPlace() {

@@ -4,12 +4,12 @@
 #include <QDialog>
 #include <array>
 #include <functional>
+#include <variant>
 
 #include "desktop/program.h"
 #include "entry/form_fields.h"
 
 class QBoxLayout;
-class QGridLayout;
 class QLabel;
 class QPushButton;
 class QSplitter;
@@ -18,9 +18,8 @@ class QTimer;
 
 namespace norvale {
 
-class ChoiceList;
 class LivePanel;
-class NumberEdit;
+class PlanPage;
 class ScreenMark;
 
 /// What the data-entry form asks of those who opened it. What is not given is not offered.
@@ -58,34 +57,21 @@ class frmDisplay : public QDialog {
  private:
   QWidget* MakeHead();
   void MakePage(int screen);
-  void MakeLine(QWidget* page, QGridLayout* grid, int line, int row);
-  QWidget* MakeNumber(QWidget* page, int box);
-  QWidget* MakeJoist(QWidget* page, int box, const QString& name);
-  QWidget* MakeList(QWidget* page, int list);
   QWidget* MakeButtons();
   QPushButton* MakeButton(const char* ring, const char* name, const QString& caption, QBoxLayout* row);
   QWidget* MakeFoot();
   void FitLines(int heightOfFrame);
-  [[nodiscard]] int WidthOfBox(int line) const;
-  [[nodiscard]] int NumberWidth() const;
-  [[nodiscard]] int Spacing() const;
 
-  void ShowForm();   // from the record into the window
+  void ShowForm();  // from the record into the window
+  [[nodiscard]] PlanPage* CurrentPage() const;
   void ShowFrame();  // what stands around the lines
   void FormChanged();
   void BoxEntered(QWidget* box, int line);
   void ShowStatus();
   void BackToBox();
   void FocusLine(int line);
-  void FocusFault(bool isJoistBox, int box);
+  void FocusFault(std::variant<NumberBox, JoistBox> box);
   void Tell(const std::string& message);
-
-  void LeaveNumber(int box);
-  void LeaveJoist(int box);
-  void RoundBoxAtHand();
-  [[nodiscard]] bool IsInSight(const QWidget* box) const;
-  void Choose(int list, int row);
-  void UndoChoice(int list);
 
   void Go(int delta);
   void GoTo(int screen);
@@ -108,31 +94,18 @@ class frmDisplay : public QDialog {
   bool wasAskedAboutShutBoxes_ = false;
   bool isShownOnce_ = false;
 
-  std::array<ChoiceList*, kSelectionLists> combo1_{};
-  std::array<NumberEdit*, kNumberBoxes> TxtDisp_{};
-  std::array<NumberEdit*, kJoistBoxes> TxtDispJoist_{};
-  std::array<QLabel*, kJoistBoxes> lblJoist_{};
-  std::array<QLabel*, kScreenLines> lblLine_{};
-  std::array<QLabel*, kScreenLines> lblHint_{};
-  std::array<ScreenMark*, ScreenCount + 1> marks_{};
-  struct Choice {
-    int row;
-    std::string unlistedText;
-  };
-  Choice choiceBefore_{};         // of the list that has the focus
+  std::array<PlanPage*, kScreens> pages_{};
+  std::array<ScreenMark*, kScreens> marks_{};
   QWidget* boxAtHand_ = nullptr;  // the one that had the focus last
   int lineAtHand_ = -1;           // where it stands
 
   QLabel* PageLabel_ = nullptr;
-  QLabel* Label1_ = nullptr;
-  QLabel* lblc1_ = nullptr;
-  QLabel* lblc2_ = nullptr;
   QLabel* lblStatus_ = nullptr;
-  QPushButton* cmdDISP1_ = nullptr;
-  QPushButton* cmdDISP2_ = nullptr;
-  QPushButton* cmdDISP3_ = nullptr;
-  QPushButton* cmdDISP4_ = nullptr;
-  QPushButton* cmdDOROOF_ = nullptr;
+  QPushButton* cmdNext_ = nullptr;
+  QPushButton* cmdPrev_ = nullptr;
+  QPushButton* cmdPrint_ = nullptr;
+  QPushButton* cmdExit_ = nullptr;
+  QPushButton* cmdRoof_ = nullptr;
   QPushButton* cmdPreliminary_ = nullptr;
   QPushButton* cmdLive_ = nullptr;
   QStackedWidget* Page_ = nullptr;

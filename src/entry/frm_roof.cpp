@@ -367,7 +367,7 @@ void frmROOF::ShowSums() {
   if (form_.CurrentSection > 0) {
     section = form_.RoofPlanes[static_cast<std::size_t>(form_.CurrentSection) - 1];
     for (const std::string& note : SectionNotes(*section)) notes << Shown(note);
-    const std::string species = SpeciesNote(section->FramingType, dataEntry_.combo1.front().rows);
+    const std::string species = SpeciesNote(section->FramingType, dataEntry_.lists[SelectionList::FramingGrade].rows);
     if (!species.empty()) notes << Shown(species);
   }
   pctVIEW_->Show(section, notes);

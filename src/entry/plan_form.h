@@ -20,12 +20,6 @@ bool HaveEveryList(const std::vector<MaterialRow>& rows);
 /// zeros over a plan's choices.
 std::string RefusalOfPlan(const std::vector<ScreenLine>& lines, const std::vector<MaterialRow>& rows);
 
-/// The record's field behind number box `box` (0 to 53).
-std::int16_t& NumberField(EstimateRecord& plan, int box);
-
-/// The record's field behind joist box `box` (0 to 9).
-std::int16_t& JoistField(EstimateRecord& plan, int box);
-
 /// Fills the lists and all boxes. A new plan has the default rows, empty number boxes and joists of 8 to 16 feet; an opened
 /// one has what its record holds. A stored choice is found by its row where that row still has the stored text, else by the
 /// text; a row beyond the list is no choice. Leaves no mark.
@@ -45,7 +39,7 @@ EstimateRecord BlankPlan();
 
 /// The number boxes that the plan type has shut although they hold a value, which still counts. Walls that only the choice
 /// of a finish has shut are left out.
-std::vector<int> ShutBoxesWithValues(const PlanForm& form);
+std::vector<NumberBox> ShutBoxesWithValues(const PlanForm& form);
 
 /// What is asked, once, when a changed plan type leaves such boxes. Yes: `ClearShutBoxes`.
 inline constexpr std::string_view kClearShutBoxesQuestion =

@@ -2,7 +2,7 @@
 
 #include "base/numbers.h"
 #include "data/plan_type.h"
-#include "entry/field_lists.h"
+#include "entry/field_rules.h"
 #include "entry/number_entry.h"
 #include "entry/screens.h"
 
@@ -123,15 +123,14 @@ std::optional<PreliminaryRefusal> RefusalOfPreliminary(const Preliminary& result
 }
 
 void HandOver(const Preliminary& result, PlanForm& form, EstimateRecord& plan) {
-  constexpr int kOverhangList = 33;
   plan.EavesLft = static_cast<std::int16_t>(result.EavesLft);
-  SelectRow(form, kOverhangList, result.overhangRow);
-  SetNumberText(form, 46, Digits(result.fascia));
-  SetNumberText(form, 47, Digits(result.roofArea));
-  SetNumberText(form, 25, Digits(result.heatedArea));
-  SetNumberText(form, 34, Digits(result.garageArea));
-  SetNumberText(form, 36, Digits(result.carportArea));
-  SetNumberText(form, 51, Digits(result.gableArea));
+  SelectRow(form, SelectionList::RoofOverhang, result.overhangRow);
+  SetNumberText(form, NumberBox::FasciaLft, Digits(result.fascia));
+  SetNumberText(form, NumberBox::RoofSqFt, Digits(result.roofArea));
+  SetNumberText(form, NumberBox::HeatedSqFtFirstFloor, Digits(result.heatedArea));
+  SetNumberText(form, NumberBox::GarageSqFt, Digits(result.garageArea));
+  SetNumberText(form, NumberBox::CarportSqFt, Digits(result.carportArea));
+  SetNumberText(form, NumberBox::GableSqFt, Digits(result.gableArea));
   ComputeLengths(form);
 }
 

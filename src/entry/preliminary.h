@@ -48,7 +48,7 @@ std::optional<std::size_t> FirstGableWithoutWidth(const PreliminarySheet& sheet)
 /// What the sheet comes to. A shut box counts as 0. Whole numbers, not yet held to what a plan can keep.
 struct Preliminary {
   double EavesLft = 0;
-  int overhangRow = 0;  // of list 33: 0, 1 above 14.5 and below 20 inches, 2 above 20
+  int overhangRow = 0;  // of the roof overhangs: 0, 1 above 14.5 and below 20 inches, 2 above 20
   double fascia = 0;
   double roofArea = 0;
   double heatedArea = 0;

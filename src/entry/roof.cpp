@@ -305,10 +305,9 @@ void CopyRoofToPlan(const RoofForm& form, EstimateRecord& plan, PlanForm& dataEn
 }
 
 std::string TransferRoofArea(const RoofForm& form, PlanForm& dataEntry) {
-  constexpr int kRoofAreaBox = 47;
   const double total = Int(TotalArea(form.RoofPlanes));
   if (total > kLargestEntry) return std::string(kEntryTooLarge);
-  SetNumberText(dataEntry, kRoofAreaBox, Digits(total));
+  SetNumberText(dataEntry, NumberBox::RoofSqFt, Digits(total));
   return {};
 }
 

@@ -6,31 +6,27 @@
 
 #include <optional>
 #include <string>
-#include <vector>
+#include <variant>
 
 #include "entry/form_fields.h"
 
 namespace norvale {
 
-/// Added to a screen's index in `LineRange`: asks for its bounds.
-inline constexpr int kLineBounds = 128;
-
-/// With `kLineBounds` added to the screen's index: its first line times 256 plus its last. Without: the first line of the
-/// screen whose caption is enabled and in sight, -1 where there is none, or no such screen.
-int LineRange(const PlanForm& form, int screen);
-
-/// The number boxes that the test for completeness looks at; empty (last below first) for the first screen.
-struct BoxRange {
+/// The lines of a screen, as they stand in the screen file; the last screen ends with the file.
+struct LineSpan {
   int first = 0;
   int last = -1;
 };
-BoxRange ScreenFields(int screen);
+LineSpan LinesOn(const PlanForm& form, int screen);
+
+/// The first line of the screen whose caption is enabled and in sight, -1 where there is none, or no such screen.
+int FirstUsableLine(const PlanForm& form, int screen);
 
 /// Whether the screen has a box that can be used.
 bool HasUsableLine(const PlanForm& form, int screen);
 
 /// The screen on which a number box stands, -1 where it has no line.
-int ScreenOfNumber(const PlanForm& form, int box);
+int ScreenOfNumber(const PlanForm& form, NumberBox box);
 
 // --- Boxes
 
@@ -41,30 +37,30 @@ struct BoxLeaving {
 };
 
 /// The box has got the focus: what the program would compute for it no longer replaces what stands there.
-void EnterNumberBox(PlanForm& form, int box);
+void EnterNumberBox(PlanForm& form, NumberBox box);
 
 /// Applies the rules for a number box that is left for another one: rounded up, not negative, not empty where a value is
 /// needed, 0 to 32767. An entry that was asked for once is let pass the second time. Buttons that leave the screen, Esc and
 /// closing do not come here; `RoundNumberBox` and `RoundJoistBox` serve them.
-BoxLeaving LeaveNumberBox(PlanForm& form, int box);
+BoxLeaving LeaveNumberBox(PlanForm& form, NumberBox box);
 
 /// The same for a joist box: even feet, 8 or more, or 0.
-BoxLeaving LeaveJoistBox(PlanForm& form, int box);
+BoxLeaving LeaveJoistBox(PlanForm& form, JoistBox box);
 
 /// Rounds the box as leaving it would, and asks nothing. What leaving it would refuse stays for `FirstNumberFault`.
-void RoundNumberBox(PlanForm& form, int box);
-void RoundJoistBox(PlanForm& form, int box);
+void RoundNumberBox(PlanForm& form, NumberBox box);
+void RoundJoistBox(PlanForm& form, JoistBox box);
 
 /// The operator chooses a row (from 0) of a list: the field rule of its line runs, the plan is marked, and the captions in
 /// sight follow. Nothing where the list is shut.
-void ClickSelectionBox(PlanForm& form, int box, int row);
+void ClickSelectionList(PlanForm& form, SelectionList list, int row);
 
 // --- Completeness
 
 /// Whether a screen has all that the estimate needs, and what to say where it has not.
 struct ScreenCheck {
   bool isComplete = true;
-  std::optional<int> focus;  // the number box that needs an entry
+  std::optional<NumberBox> focus;  // the box that needs an entry
   std::string message;
 };
 
@@ -85,8 +81,7 @@ PrintCheck CheckBeforePrint(PlanForm& form);
 /// A number that the record could not hold, left unseen behind a button: the box, and what to say. Asked before a plan is
 /// saved or printed.
 struct NumberFault {
-  bool isJoistBox = false;
-  int box = 0;
+  std::variant<NumberBox, JoistBox> box;
   std::string message;
 };
 std::optional<NumberFault> FirstNumberFault(const PlanForm& form);
@@ -116,21 +111,20 @@ struct ScreenFrame {
   std::string PageLabel;  // "Screen 1 Of 11"
   bool canGoNext = false;
   bool canGoBack = false;
-  bool showsLabel1 = false;
   bool showsRoofButton = false;
-  std::string lblc1;  // headings of the girder members; empty: hidden
-  std::string lblc2;
+  std::string girderMembers;  // headings of the girder rows; empty: hidden
+  std::string widerGirderMembers;
 };
 ScreenFrame FrameOf(const PlanForm& form);
 
 // --- Leaving the form
 
 /// What Exit does.
-enum class ExitRoad { Leave, AskToExit, AskToSave };
+enum class ExitStep { Leave, AskToExit, AskToSave };
 
 /// Leave where nothing has changed. Else an opened plan is asked about first, a new one goes to the save prompt at once.
 /// `isPlanChanged`: plan type or pricing level were changed on the checklist.
-ExitRoad RoadOfExit(const PlanForm& form, bool isPlanChanged);
+ExitStep StepOfExit(const PlanForm& form, bool isPlanChanged);
 
 /// The question of an opened plan; on Yes the save prompt follows. `planNumber` may hold any text.
 std::string ExitQuestion(std::string_view planNumber);

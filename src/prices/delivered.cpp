@@ -1,5 +1,6 @@
 #include "prices/delivered.h"
 
+#include <algorithm>
 #include <charconv>
 #include <stdexcept>
 #include <string_view>
@@ -59,6 +60,14 @@ class Table {
   std::vector<std::vector<std::string>> rows_;
 };
 
+// As the screen file names what stands on a line: "C:07" or "T:53".
+std::string CodeOf(LineField field) {
+  std::string code = field.IsList() ? "C:00" : "T:00";
+  code[2] = static_cast<char>('0' + field.index / 10);
+  code[3] = static_cast<char>('0' + field.index % 10);
+  return code;
+}
+
 template <typename Record>
 std::string EncodeAll(const std::vector<Record>& records, std::size_t size) {
   std::string bytes(records.size() * size, '\0');
@@ -92,7 +101,9 @@ const std::vector<MaterialRow>& DeliveredMaterialRows() {
     std::vector<MaterialRow> made;
     for (const auto& row : table.Rows()) {
       MaterialRow& added = made.emplace_back();
-      added.ListNumber = table.Number(row, 0);
+      const auto* const list = std::ranges::find(kSelectionListRows, row[0], &SelectionListRow::name);
+      if (list == std::end(kSelectionListRows)) table.Fail("there is no list " + row[0]);
+      added.ListNumber = static_cast<std::int16_t>(list - kSelectionListRows);
       added.ListText.Assign(row[2]);
       added.ListDefaultFlag = static_cast<std::int16_t>(table.Number(row, 3) != 0 ? -1 : 0);
     }
@@ -103,15 +114,18 @@ const std::vector<MaterialRow>& DeliveredMaterialRows() {
 
 const std::vector<ScreenLine>& DeliveredScreenLines() {
   static const std::vector<ScreenLine> lines = [] {
-    const Table table("screens", kDeliveredScreens, 5);
+    const Table table("screens", kDeliveredScreens, 4);
     std::vector<ScreenLine> made;
     for (const auto& row : table.Rows()) {
+      const std::size_t number = made.size();
+      if (number >= kScreenLines || kPlanLines[number].field.Name() != row[0])
+        table.Fail(row[0] + " does not stand on line " + std::to_string(number));
       ScreenLine& added = made.emplace_back();
-      added.LineNumber = table.Number(row, 0);
-      added.ControlCode.Assign(row[1]);
-      added.Caption.Assign(row[2]);
-      added.LeftPosition = table.Number(row, 3);
-      added.LineText.Assign(row[4]);
+      added.LineNumber = static_cast<std::int16_t>(number);
+      added.ControlCode.Assign(CodeOf(kPlanLines[number].field));
+      added.Caption.Assign(row[1]);
+      added.LeftPosition = table.Number(row, 2);
+      added.LineText.Assign(row[3]);
     }
     if (made.size() != kScreenLines) table.Fail(std::to_string(made.size()) + " lines instead of " + std::to_string(kScreenLines));
     return made;

@@ -12,9 +12,10 @@ namespace {
 
 bool IsListEnd(const MaterialRow& row) { return row.ListText.Trimmed() == kListEnd; }
 
+// The plan type answers whether there is a second floor, so that this list is not edited.
 bool CanBeEdited(const ScreenLine& line) {
   const auto list = ListOfLine(line);
-  return list && *list != kSecondFloorList;
+  return list && *list != static_cast<int>(SelectionList::SecondFloorType);
 }
 
 // Behind the rows of the list; a list without a row gets its place behind all others.
@@ -111,55 +112,8 @@ RowAdding AddRow(MaterialEditor& editor, int list, std::string_view text) {
 }
 
 std::string_view FateOfAddedRow(int list) {
-  switch (list) {
-    case 0:
-      return "is not known to the roof calculator, which goes by the first four rows";
-    case 1:
-      return "gets floor adhesive and no felt underlay, like every row from the third on";
-    case 3:
-      return "has no wall height: the sheetrock of the first floor's walls is left out";
-    case 4:
-      return "leaves the height of the sheets to be chosen, like every row but the third";
-    case 5:
-      return "is counted in sheets at the corners, like every row from the third on";
-    case 7:
-      return "is counted by the square over #30 felt, and gets no roof edge";
-    case 10:
-      return "does not open the vinyl siding of a brick house, as only the fifth row does";
-    case 13:
-      return "is a sheet one foot higher than that of the row before, whatever its text says";
-    case 14:
-    case kSecondFloorList:
-      return "can never be chosen, because the plan type makes this choice";
-    case 15:
-      return "is taken for UNFINISHED: only the first row fits out a slab building";
-    case 16:
-      return "prints neither a foundation wall nor piers and curtain";
-    case 17:
-    case 19:
-    case 21:
-      return "counts as many plies as its place in the list, whatever its text says";
-    case 25:
-      return "asks for no oak flooring, as only the first row does";
-    case 26:
-      return "counts as a garage in walls and sheetrock, like every row but the second";
-    case 27:
-      return "counts as no carport or porch, like every row but the first";
-    case 29:
-      return "is taken for joists, but their boxes on the screens are shut";
-    case 32:
-      return "has no wall height: the second floor gets no sheetrock";
-    case 33:
-      return "is taken for an overhang of 12 inches";
-    case 34:
-      return "gets no siding printed";
-    case 36:
-      return "is counted in pieces of 8.25 sq. ft. as lap siding, and by the square as vinyl";
-    case 39:
-      return "gets no first-floor panels printed";
-    default:
-      return {};
-  }
+  const bool isKnown = list >= 0 && list < static_cast<int>(kSelectionLists);
+  return isKnown ? kSelectionListRows[list].addedRow : std::string_view();
 }
 
 void SaveMaterialRows(Disk& disk, const std::filesystem::path& folder, const std::vector<MaterialRow>& rows) {

@@ -21,9 +21,6 @@ inline constexpr std::string_view kMaterialBackupName = "NVdata02.BAK";
 /// A plan keeps this many characters of a chosen row.
 inline constexpr std::size_t kPlanTextWidth = 20;
 
-/// The list of whether there is a second floor: the plan type answers it, and it is not edited.
-inline constexpr int kSecondFloorList = 28;
-
 struct MaterialEditor {
   std::vector<ScreenLine> MaterialScreens;
   std::vector<MaterialRow> MaterialRows;

@@ -15,6 +15,16 @@ std::vector<ScreenLine> LoadScreenLines(const std::filesystem::path& folder) {
   return lines;
 }
 
+LineField FieldOfLine(const ScreenLine& line) {
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  const std::string code = line.ControlCode.Padded();
+  if (code[1] != ':' || !isDigit(code[2]) || !isDigit(code[3])) return {};
+  const auto number = static_cast<std::size_t>((code[2] - '0') * 10 + (code[3] - '0'));
+  if (code[0] == 'C' && number < kSelectionLists) return kAllSelectionLists[number];
+  if (code[0] == 'T' && number < kNumberBoxes) return kAllNumberBoxes[number];
+  return {};
+}
+
 std::optional<int> ListOfLine(const ScreenLine& line) {
   const std::string code = line.ControlCode.Padded();
   if (code.front() != 'C') return std::nullopt;

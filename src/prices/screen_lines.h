@@ -9,12 +9,13 @@
 #include <vector>
 
 #include "data/fields.h"
+#include "data/plan_fields.h"
 
 namespace norvale {
 
 inline constexpr std::string_view kScreenFileName = "NVdata01.idx";
 inline constexpr std::size_t ScreenLineSize = 91;
-inline constexpr std::size_t kScreenLines = 94;
+
 
 /// One line of a data-entry screen: its caption and the box behind it.
 struct ScreenLine {
@@ -40,6 +41,9 @@ static_assert(FieldsTile(RecordFields<ScreenLine>::table, ScreenLineSize), "no g
 /// All lines of the screen file of a working folder, in its order; an incomplete one at the end is left out. A missing file
 /// has none. Throws FileError where the file cannot be read.
 std::vector<ScreenLine> LoadScreenLines(const std::filesystem::path& folder);
+
+/// The box or list that a line's code names, such as "C:07" or "T:53"; none for any other code.
+LineField FieldOfLine(const ScreenLine& line);
 
 /// The number of the list that a line's code names ("C:07" is list 7); nothing for a line without a list.
 std::optional<int> ListOfLine(const ScreenLine& line);

@@ -12,8 +12,6 @@ namespace norvale {
 namespace {
 
 constexpr std::string_view kFinished = "FINISHED";
-constexpr std::size_t kInteriorList = 15;
-constexpr std::size_t kFloorsList = 28;
 
 // clang-format off
 struct BoxInfo {
@@ -64,8 +62,8 @@ PlanParts PartsOf(const EstimateRecord& plan) {
 // By the text of the inside's row, not by its place in the list: the run goes by the text too, and what is ticked must print.
 PlanParts PartsOf(const PlanForm& form) {
   return {.PlanType = form.PlanType,
-          .isFinished = Trim(ShownText(form.combo1[kInteriorList])) == kFinished,
-          .hasUpperFloor = form.combo1[kFloorsList].ListIndex != 0};
+          .isFinished = Trim(ShownText(form.lists[SelectionList::SlabInterior])) == kFinished,
+          .hasUpperFloor = form.lists[SelectionList::SecondFloorType].ListIndex != 0};
 }
 
 PrintBoxes BoxesOf(const PlanParts& parts) {

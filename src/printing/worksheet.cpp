@@ -6,7 +6,7 @@
 
 #include "base/text.h"
 #include "data/plan_type.h"
-#include "entry/field_lists.h"
+#include "entry/field_rules.h"
 #include "entry/plan_form.h"
 #include "printing/page_writer.h"
 
@@ -14,8 +14,6 @@ namespace norvale {
 
 namespace {
 
-constexpr std::string_view kNotRequired = "*";
-constexpr std::string_view kCalculated = "**";
 constexpr std::string_view kAnswer = "__________";
 constexpr std::string_view kShortAnswer = "______";
 constexpr std::string_view kPreliminaryHeading = " Preliminary Roof and Gable Measurements";
@@ -39,28 +37,16 @@ constexpr std::array<PreliminaryLine, 10> kPreliminary = {{
     {" Total number of gables from all elevations:"},
 }};
 
-struct MarkedControl {
-  LineControl control;
-  std::string_view mark;
-};
-
-// What the preliminary measurements fill in by themselves, and what the program computes.
-constexpr std::array<MarkedControl, 10> kMarks = {{
-    {{ControlKind::Number, 25}, kNotRequired},
-    {{ControlKind::Number, 34}, kNotRequired},
-    {{ControlKind::Number, 36}, kNotRequired},
-    {{ControlKind::Selection, 33}, kNotRequired},
-    {{ControlKind::Number, 24}, kCalculated},
-    {{ControlKind::Number, 45}, kCalculated},
-    {{ControlKind::Number, 46}, kCalculated},
-    {{ControlKind::Number, 47}, kCalculated},
-    {{ControlKind::Number, 48}, kCalculated},
-    {{ControlKind::Number, 51}, kCalculated},
-}};
-
-std::string_view MarkOf(LineControl control) {
-  const auto found = std::ranges::find(kMarks, control, &MarkedControl::control);
-  return found == kMarks.end() ? std::string_view() : found->mark;
+std::string_view TextOf(WorksheetMark mark) {
+  switch (mark) {
+    case WorksheetMark::NotRequired:
+      return "*";
+    case WorksheetMark::Calculated:
+      return "**";
+    case WorksheetMark::None:
+      break;
+  }
+  return {};
 }
 
 // A caption as a window shows it: "&&" stands for one "&".
@@ -76,22 +62,21 @@ PlanForm BlankForm(std::int16_t planType, const std::vector<ScreenLine>& screenL
   PlanForm form;
   PlaceLines(form, screenLines);
   LoadPlanIntoForm(form, PlanMode::Existing, blank, rows);
-  for (int line = 0; line < static_cast<int>(kScreenLines); ++line) EnableLabelsForPrint(form, line);
   form.PlanType = planType;
   ApplyPlanTypeRules(form, blank);
   return form;
 }
 
-bool Asks(WorksheetKind kind, ControlKind control) {
+bool Asks(WorksheetKind kind, LineField field) {
   switch (kind) {
     case WorksheetKind::Specifications:
-      return control == ControlKind::Selection;
+      return field.IsList();
     case WorksheetKind::Measurements:
-      return control == ControlKind::Number;
+      return field.IsNumber();
     case WorksheetKind::Both:
       break;
   }
-  return control != ControlKind::None;
+  return field.kind != LineField::Kind::None;
 }
 
 std::string_view SubTitle(WorksheetKind kind) {
@@ -137,18 +122,18 @@ Worksheet MakeWorksheet(std::int16_t planType, WorksheetKind kind, const std::ve
         asked.caption = line.caption;
       }
   const PlanForm form = BlankForm(planType, screenLines, rows);
-  for (int line = NextEnabledLine(form, -1); line >= 0 && line <= form.LastLine; line = NextEnabledLine(form, line)) {
-    const CaptionLine& shown = form.lblLine[line];
-    if (!Asks(kind, shown.control.kind)) continue;
+  for (int line = 0; line <= form.LastLine; ++line) {
+    const LineState& shown = form.lines[static_cast<std::size_t>(line)];
+    if (!shown.enabled || !Asks(kind, shown.field)) continue;
     WorksheetLine& asked = worksheet.lines.emplace_back();
     asked.line = line;
-    asked.mark = MarkOf(shown.control);
+    asked.mark = TextOf(shown.field.Mark());
     asked.caption = Shown(shown.caption);
     asked.isIndented = shown.isIndented;
-    if (shown.control.kind == ControlKind::Selection)
-      asked.choices = form.combo1[shown.control.index].rows;
+    if (shown.field.IsList())
+      asked.choices = form.lists[shown.field.List()].rows;
     else
-      asked.asksForJoists = JoistBoxOf(shown.control.index) >= 0;
+      asked.asksForJoists = JoistBoxBehind(shown.field.Number()).has_value();
   }
   return worksheet;
 }

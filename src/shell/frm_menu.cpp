@@ -146,10 +146,10 @@ QWidget* frmMenu::MakeHead() {
   auto* const head = new QWidget(this);
   head->setProperty("band", true);
   head->setAttribute(Qt::WA_StyledBackground);
-  Label1_ = new QLabel(head);
-  Label1_->setObjectName(QStringLiteral("Label1"));
-  Label1_->setAccessibleName(tr("Menu"));
-  MakeTitle(Label1_);
+  lblMenu_ = new QLabel(head);
+  lblMenu_->setObjectName(QStringLiteral("lblMenu"));
+  lblMenu_->setAccessibleName(tr("Menu"));
+  MakeTitle(lblMenu_);
   lblDate_ = new QLabel(head);
   lblDate_->setObjectName(QStringLiteral("lblDate"));
   lblDate_->setAccessibleName(tr("Date"));
@@ -163,7 +163,7 @@ QWidget* frmMenu::MakeHead() {
   auto* const row = new QHBoxLayout(head);
   const int space = fontMetrics().height();
   row->setContentsMargins(2 * space, space, 2 * space, space);
-  row->addWidget(Label1_);
+  row->addWidget(lblMenu_);
   row->addStretch();
   row->addLayout(clock);
   // The band keeps its height while the title is hidden.
@@ -215,8 +215,8 @@ void frmMenu::ShowMenu(std::string_view name) {
   HidePanels();
   if (menu == nullptr) return;
   Panel& panel = panels_[static_cast<std::size_t>(menu->menu)];
-  Label1_->setText(Shown(menu->title));
-  Label1_->show();
+  lblMenu_->setText(Shown(menu->title));
+  lblMenu_->show();
   panel.box->show();
   panel.buttons.front()->setDefault(true);
   panel.buttons.front()->setFocus(Qt::TabFocusReason);
@@ -267,7 +267,7 @@ frmMenu::Panel* frmMenu::ShownPanel() {
 }
 
 void frmMenu::HidePanels() {
-  Label1_->hide();
+  lblMenu_->hide();
   for (const Panel& panel : panels_) panel.box->hide();
 }
 
@@ -329,7 +329,7 @@ void frmMenu::AskToLeave() {
     return;
   }
   if (panel == nullptr) return;
-  Label1_->show();
+  lblMenu_->show();
   panel->box->show();
   if (focus != nullptr) focus->setFocus(Qt::OtherFocusReason);
 }

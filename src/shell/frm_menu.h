@@ -81,7 +81,7 @@ class frmMenu : public QDialog {
   MenuModes modes_;
   StatusLine status_;
   std::array<Panel, 5> panels_;
-  QLabel* Label1_ = nullptr;
+  QLabel* lblMenu_ = nullptr;
   QLabel* lblDate_ = nullptr;
   QLabel* lblTime_ = nullptr;
   QLabel* lblMessage_ = nullptr;

@@ -33,7 +33,7 @@ void EditWasteFactors(Program& program, QWidget* menu) {
   Try(program.messages, [&] { frmWaste(program, menu).exec(); });
 }
 
-// What the road of a plan needs of forms that stand above entry.
+// What the workflow of a plan needs of forms that stand above entry.
 PlanTasks TasksOfPlans(Program& program) {
   PlanTasks tasks;
   tasks.chooseCustomer = [&program](QWidget* parent) {

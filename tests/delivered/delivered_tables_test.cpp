@@ -28,8 +28,8 @@ std::size_t WidestOf(std::string_view table, std::size_t column) {
 }
 
 TEST(DeliveredTables, NoTextIsWiderThanItsField) {
-  EXPECT_LE(WidestOf(kDeliveredScreens, 2), 48U);
-  EXPECT_LE(WidestOf(kDeliveredScreens, 4), 35U);
+  EXPECT_LE(WidestOf(kDeliveredScreens, 1), 48U);
+  EXPECT_LE(WidestOf(kDeliveredScreens, 3), 35U);
   EXPECT_LE(WidestOf(kDeliveredLists, 2), 24U);
   EXPECT_LE(WidestOf(kDeliveredPrices, 0), kPriceKeyWidth);
   EXPECT_LE(WidestOf(kDeliveredPrices, 1), kPriceSkuWidth);
@@ -37,14 +37,12 @@ TEST(DeliveredTables, NoTextIsWiderThanItsField) {
 }
 
 TEST(DeliveredTables, ARowThatThePlanKeepsIsKeptWhole) {
-  constexpr std::size_t kFirstFloorJoists = 24;
-  constexpr std::size_t kSecondFloorJoists = 30;
   int completed = 0;
-  for (std::size_t list = 0; list < kSelectionLists; ++list) {
-    if (kPlanChoices[list].text == nullptr) continue;
+  for (const SelectionList list : kAllSelectionLists) {
+    if (RowOf(list).text == nullptr) continue;
     for (const std::string& row : DeliveredLists()[list].rows) {
-      if (list != kFirstFloorJoists && list != kSecondFloorJoists) {
-        EXPECT_LE(row.size(), 20U) << "list " << list << " " << row;
+      if (list != SelectionList::FloorJoistSize && list != SelectionList::SecondFloorJoistSize) {
+        EXPECT_LE(row.size(), 20U) << RowOf(list).name << " " << row;
         continue;
       }
       // The take-off completes the joist texts that the record cuts.
@@ -80,14 +78,16 @@ TEST(DeliveredTables, RowsThatTheRulesGoByStandInTheirPlaces) {
   const auto& lists = DeliveredLists();
   using Rows = std::vector<std::string>;
   // The roof calculator stores the place of a species in this list.
-  EXPECT_EQ(Rows(lists[0].rows.begin(), lists[0].rows.begin() + 4), (Rows{"#2 SYP", "#2 SPF", "#2 HEM-FIR", "#2 DOUG FIR-LARCH"}));
-  EXPECT_EQ(lists[5].rows[0], "1X4-12 #2 SYP");
-  EXPECT_EQ(lists[5].rows[1], "DIAG. METAL BRACING");
-  EXPECT_EQ(lists[10].rows[4], "VINYL");
-  EXPECT_EQ(lists[15].rows[0], "FINISHED");
-  EXPECT_EQ(lists[17].rows, (Rows{"NONE", "DOUBLE", "TRIPLE", "QUADRUPLE", "SGL BEAM"}));
-  EXPECT_EQ(lists[34].rows.size(), 5U);
-  for (std::size_t row = 0; row < lists[4].rows.size(); ++row) EXPECT_EQ(Has(lists[4].rows[row], "OSB"), row == 2) << lists[4].rows[row];
+  EXPECT_EQ(Rows(lists[SelectionList::FramingGrade].rows.begin(), lists[SelectionList::FramingGrade].rows.begin() + 4),
+            (Rows{"#2 SYP", "#2 SPF", "#2 HEM-FIR", "#2 DOUG FIR-LARCH"}));
+  EXPECT_EQ(lists[SelectionList::CornerBracing].rows[0], "1X4-12 #2 SYP");
+  EXPECT_EQ(lists[SelectionList::CornerBracing].rows[1], "DIAG. METAL BRACING");
+  EXPECT_EQ(lists[SelectionList::SoffitMaterial].rows[4], "VINYL");
+  EXPECT_EQ(lists[SelectionList::SlabInterior].rows[0], "FINISHED");
+  EXPECT_EQ(lists[SelectionList::GirderPly].rows, (Rows{"NONE", "DOUBLE", "TRIPLE", "QUADRUPLE", "SGL BEAM"}));
+  EXPECT_EQ(lists[SelectionList::WallFinish].rows.size(), 5U);
+  for (std::size_t row = 0; row < lists[SelectionList::WallSheathing].rows.size(); ++row)
+    EXPECT_EQ(Has(lists[SelectionList::WallSheathing].rows[row], "OSB"), row == 2) << lists[SelectionList::WallSheathing].rows[row];
   // Stud lengths stand in pairs: 8, 9, 10 feet of 2X4, then of 2X6; upstairs 8 and 9 feet.
   Rows first;
   Rows second;
@@ -96,8 +96,8 @@ TEST(DeliveredTables, RowsThatTheRulesGoByStandInTheirPlaces) {
       first.push_back(std::string(size) + length + " INCH");
       if (!std::string_view(length).starts_with("11")) second.push_back(first.back());
     }
-  EXPECT_EQ(lists[3].rows, first);
-  EXPECT_EQ(lists[32].rows, second);
+  EXPECT_EQ(lists[SelectionList::PreCutStuds].rows, first);
+  EXPECT_EQ(lists[SelectionList::PreCutStudsSecondFloor].rows, second);
 }
 
 TEST(DeliveredTables, EveryScreenLineHasItsControl) {

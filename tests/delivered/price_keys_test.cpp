@@ -65,7 +65,8 @@ EstimateRecord MeasuredEverywhere(int planType) {
   return plan;
 }
 
-using Lists = std::vector<std::size_t>;
+using enum SelectionList;
+using Lists = std::vector<SelectionList>;
 
 // Each pair of rows of any two of the lists: no key is made of more than two texts.
 void AskPairs(AskedKeys& asked, const EstimateRecord& base, const Lists& lists) {
@@ -81,12 +82,12 @@ void AskPairs(AskedKeys& asked, const EstimateRecord& base, const Lists& lists) 
 }
 
 void AskMeasures(AskedKeys& asked, int planType) {
-  for (int size = 1; size <= static_cast<int>(DeliveredLists()[24].rows.size()); ++size)
+  for (int size = 1; size <= static_cast<int>(DeliveredLists()[FloorJoistSize].rows.size()); ++size)
     for (int species = 1; species <= 4; ++species) {
       EstimateRecord plan = MeasuredEverywhere(planType);
-      Choose(plan, 0, species);
-      Choose(plan, 24, size);
-      Choose(plan, 30, size);
+      Choose(plan, SelectionList::FramingGrade, species);
+      Choose(plan, SelectionList::FloorJoistSize, size);
+      Choose(plan, SelectionList::SecondFloorJoistSize, size);
       for (int length = 8; length <= 60; length += 10) {
         for (std::size_t i = 0; i < plan.JoistLengthFirstFloor.size(); ++i)
           plan.JoistLengthFirstFloor[i] = static_cast<std::int16_t>(std::min<int>(60, length + 2 * static_cast<int>(i)));
@@ -111,14 +112,39 @@ void AskMeasures(AskedKeys& asked, int planType) {
   EstimateRecord plan = MeasuredEverywhere(planType);
   plan.IntWallLftFirstFloor = plan.IntWallLftSecondFloor = 0;
   for (int bracing = 1; bracing <= 4; ++bracing) {
-    Choose(plan, 5, bracing);
+    Choose(plan, SelectionList::CornerBracing, bracing);
     asked.Ask(plan);
   }
 }
 
 AskedKeys EveryPlan() {
-  const Lists framing = {0, 1, 2, 3, 4, 5, 6, 7, 12, 13, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 29, 30, 31, 32};
-  const Lists trim = {0, 2, 4, 8, 9, 10, 11, 33, 35, 36, 37, 38, 39};
+  const Lists framing = {FramingGrade,
+                         FloorSheathing,
+                         ShoePlates,
+                         PreCutStuds,
+                         WallSheathing,
+                         CornerBracing,
+                         RoofSheathing,
+                         Roofing,
+                         BaseMouldFirstFloor,
+                         WallSheetHeight,
+                         SlabInterior,
+                         FoundationType,
+                         GirderPly,
+                         GirderSize,
+                         DropGirderPly,
+                         DropGirderSize,
+                         SillPly,
+                         SillSize,
+                         SillPlate,
+                         FloorJoistSize,
+                         OakFlooring,
+                         SecondFloorFramed,
+                         SecondFloorJoistSize,
+                         BaseMouldSecondFloor,
+                         PreCutStudsSecondFloor};
+  const Lists trim = {FramingGrade, ShoePlates,  WallSheathing, ExteriorTrim, FasciaBoard,  SoffitMaterial, FriezeMould,
+                      RoofOverhang, FriezeBoard, Siding,        PanelSiding,  CornerBoards, PanelHeight};
   AskedKeys made;
   for (const int type : PlanTypes()) {
     // A garage and a porch add rows and take none away.
@@ -126,7 +152,7 @@ AskedKeys EveryPlan() {
     const bool brick = (type & kBrickVeneer) != 0;
     for (int finish = 1; finish <= (brick ? 1 : 5); ++finish) {
       EstimateRecord plan = MeasuredEverywhere(type);
-      Choose(plan, 34, finish);
+      Choose(plan, SelectionList::WallFinish, finish);
       for (const std::int16_t eaves : {0, 100}) {
         plan.EavesLft = eaves;
         AskPairs(made, plan, trim);
@@ -163,8 +189,8 @@ TEST(DeliveredPrices, HoldEveryKeyThatAPlanCanAskForAndNoOther) {
 
 TEST(DeliveredPrices, ChargeNoFasciaTwice) {
   // A board wrapped in vinyl is looked up a second time, under its size and the wrap.
-  for (const std::string& size : DeliveredLists()[9].rows)
-    for (const std::string& trim : DeliveredLists()[8].rows) {
+  for (const std::string& size : DeliveredLists()[FasciaBoard].rows)
+    for (const std::string& trim : DeliveredLists()[ExteriorTrim].rows) {
       if (!Has(UpperCase(trim), "VINYL")) continue;
       EXPECT_EQ(DeliveredPrices().Find(size + " " + trim), nullptr) << size << " " << trim;
     }

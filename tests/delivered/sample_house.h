@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/text.h"
-#include "data/plan_choices.h"
+#include "data/plan_fields.h"
 #include "data/plan_type.h"
 #include "prices/delivered.h"
 #include "takeoff/print_estimate.h"
@@ -18,13 +18,13 @@ struct DeliveredList {
   int defaultRow = 0;
 };
 
-inline const std::vector<DeliveredList>& DeliveredLists() {
-  static const std::vector<DeliveredList> lists = [] {
-    std::vector<DeliveredList> made(kSelectionLists);
+inline const BySelectionList<DeliveredList>& DeliveredLists() {
+  static const BySelectionList<DeliveredList> lists = [] {
+    BySelectionList<DeliveredList> made;
     for (const MaterialRow& row : DeliveredMaterialRows()) {
       const std::string text = row.ListText.Trimmed();
       if (text == kListEnd) continue;
-      DeliveredList& list = made.at(static_cast<std::size_t>(row.ListNumber));
+      DeliveredList& list = made.values.at(static_cast<std::size_t>(row.ListNumber));
       list.rows.push_back(text);
       if (row.ListDefaultFlag != 0) list.defaultRow = static_cast<int>(list.rows.size());
     }
@@ -34,8 +34,8 @@ inline const std::vector<DeliveredList>& DeliveredLists() {
 }
 
 /// Puts row `row` (from 1) of a list into the plan, as the data-entry screens store it.
-inline void Choose(EstimateRecord& plan, std::size_t list, int row) {
-  const PlanChoice& choice = kPlanChoices[list];
+inline void Choose(EstimateRecord& plan, SelectionList list, int row) {
+  const SelectionListRow& choice = RowOf(list);
   if (choice.index != nullptr) plan.*choice.index = static_cast<std::int16_t>(row);
   if (choice.text != nullptr) (plan.*choice.text).Assign(DeliveredLists()[list].rows[static_cast<std::size_t>(row) - 1]);
 }
@@ -46,15 +46,15 @@ inline EstimateRecord NewPlan(int planType) {
   plan.PlanType = static_cast<std::int16_t>(planType);
   plan.PriceLevel.Assign("1");
   plan.PlanNumber.Assign("TEST");
-  for (std::size_t list = 0; list < kSelectionLists; ++list) Choose(plan, list, DeliveredLists()[list].defaultRow);
+  for (const SelectionList list : kAllSelectionLists) Choose(plan, list, DeliveredLists()[list].defaultRow);
   const bool twoLevels = (planType & (kTwoLevelSlab | kTwoLevelCrawl)) != 0;
-  Choose(plan, 14, (planType & kCrawlSpace) != 0 ? 2 : 1);
-  Choose(plan, 26, (planType & kAttachedGarage) != 0 ? 1 : 2);
-  Choose(plan, 27, (planType & (kCarport | kPorch)) != 0 ? 1 : 2);
-  Choose(plan, 28, twoLevels ? 2 : 1);
-  if ((planType & kSlab) != 0) Choose(plan, 17, 1);
-  if ((planType & kBrickVeneer) != 0) Choose(plan, 34, 1);
-  if ((planType & kAtticTrussHalfStory) != 0) Choose(plan, 29, 2);
+  Choose(plan, SelectionList::SlabOrCrawl, (planType & kCrawlSpace) != 0 ? 2 : 1);
+  Choose(plan, SelectionList::GarageOrStorage, (planType & kAttachedGarage) != 0 ? 1 : 2);
+  Choose(plan, SelectionList::CarportOrPorch, (planType & (kCarport | kPorch)) != 0 ? 1 : 2);
+  Choose(plan, SelectionList::SecondFloorType, twoLevels ? 2 : 1);
+  if ((planType & kSlab) != 0) Choose(plan, SelectionList::GirderPly, 1);
+  if ((planType & kBrickVeneer) != 0) Choose(plan, SelectionList::WallFinish, 1);
+  if ((planType & kAtticTrussHalfStory) != 0) Choose(plan, SelectionList::SecondFloorFramed, 2);
   return plan;
 }
 

@@ -16,13 +16,13 @@ namespace {
 void Type(PlanForm& form, std::mt19937& random) {
   const auto below = [&random](std::size_t end) { return static_cast<int>(random() % end); };
   for (int step = 0; step < 40; ++step) {
-    const int list = below(kSelectionLists);
-    if (const std::size_t rows = form.combo1[list].rows.size(); rows > 0) ClickSelectionBox(form, list, below(rows));
-    const int box = below(kNumberBoxes);
-    if (!form.TxtDisp[box].enabled) continue;
+    const SelectionList list = kAllSelectionLists[random() % kSelectionLists];
+    if (const std::size_t rows = form.lists[list].rows.size(); rows > 0) ClickSelectionList(form, list, below(rows));
+    const NumberBox box = kAllNumberBoxes[random() % kNumberBoxes];
+    if (!form.numbers[box].enabled) continue;
     EnterNumberBox(form, box);
     SetNumberText(form, box, std::to_string(below(40000)));
-    SetJoistText(form, below(kJoistBoxes), std::to_string(below(30)));
+    SetJoistText(form, kAllJoistBoxes[random() % kJoistBoxes], std::to_string(below(30)));
   }
   GoToScreen(form, below(ScreenCount + 1));
 }
@@ -31,10 +31,10 @@ void Type(PlanForm& form, std::mt19937& random) {
 std::string Seen(const PlanForm& form) {
   std::string seen = std::to_string(static_cast<int>(form.mode)) + std::to_string(form.isPrintEnabled) + "/" +
                      std::to_string(form.CurrentScreen) + "/" + std::to_string(form.CarportSqFtUnmulled);
-  for (const SelectionBox& list : form.combo1) seen += (list.enabled ? " list " : " (list) ") + std::to_string(list.ListIndex);
-  for (const NumberBox& box : form.TxtDisp) seen += (box.enabled ? " box " : " (box) ") + box.text + (box.isTouched ? "!" : "");
-  for (const JoistBox& box : form.TxtDispJoist) seen += (box.enabled ? " joist " : " (joist) ") + box.text;
-  for (const CaptionLine& line : form.lblLine) seen += line.enabled ? "+" : "-";
+  for (const ListState& list : form.lists) seen += (list.enabled ? " list " : " (list) ") + std::to_string(list.ListIndex);
+  for (const NumberState& box : form.numbers) seen += (box.enabled ? " box " : " (box) ") + box.text + (box.isTouched ? "!" : "");
+  for (const JoistState& box : form.joists) seen += (box.enabled ? " joist " : " (joist) ") + box.text;
+  for (const LineState& line : form.lines) seen += line.enabled ? "+" : "-";
   return seen;
 }
 

@@ -19,6 +19,19 @@ inline PlanForm OpenedForm(EstimateRecord& plan) {
   return OpenPlanForm(PlanMode::Existing, false, plan, DeliveredScreenLines(), DeliveredMaterialRows());
 }
 
+/// The box or list of a control by the name behind its "txt" or "cbo"; none for any other control.
+inline LineField FieldOfControl(std::string_view control) {
+  const std::string_view name = control.substr(std::min<std::size_t>(3, control.size()));
+  const auto* const line = std::ranges::find_if(kPlanLines, [&](const PlanLine& row) { return row.field.Name() == name; });
+  return line == std::end(kPlanLines) ? LineField() : line->field;
+}
+
+inline std::optional<JoistBox> JoistOfControl(std::string_view control) {
+  for (const JoistBox box : kAllJoistBoxes)
+    if (control == "txt" + std::string(RowOf(box).name)) return box;
+  return std::nullopt;
+}
+
 /// Every type that the checklist can make.
 inline std::vector<int> PlanTypes() {
   std::vector<int> types = {kOneStorySlab | kDetachedGarage, kOneStorySlab | kDetachedGarage | kBrickVeneer};

@@ -28,7 +28,7 @@ constexpr const char* kLarge = "0 This Entry is TOO LARGE for calculations!|Norv
 constexpr const char* kRequired = "0 This Entry is REQUIRED for calculations!|Norvale Help Notice";
 constexpr const char* kExitQuestion = "2 Exit Data Entry for Plan: A|Exit";
 
-QComboBox& List(QWidget& form, int list) { return *Find<QComboBox>(form, ("combo1_" + std::to_string(list)).c_str()); }
+QComboBox& List(QWidget& form, SelectionList list) { return *Find<QComboBox>(form, ("cbo" + std::string(RowOf(list).name)).c_str()); }
 
 class frmDisplayTest : public DesktopTest {
  protected:
@@ -68,7 +68,7 @@ class frmDisplayTest : public DesktopTest {
   // To the length of the outer walls, on the second screen, and types over it.
   static void TypeWalls(frmDisplay& form, const char* keys) {
     Keys("<Alt+2>");
-    Find(form, "TxtDisp_0")->setFocus(Qt::TabFocusReason);
+    Find(form, "txtExtWallLftFirstFloor")->setFocus(Qt::TabFocusReason);
     Keys(keys);
   }
   void Take(frmDisplay& form, const std::vector<Step>& steps) {
@@ -95,15 +95,15 @@ TEST_F(frmDisplayTest, ANumberIsHeldToItsLimitsWhenItsBoxIsLeft) {
     const char* next = "";  // where there is no message
     const char* pasted = "";
   } cases[] = {
-      {"<Alt+3>", "TxtDisp_1", "", "", kRequired},
-      {"<Alt+3>", "TxtDisp_1", "1.01", "2", "", "TxtDisp_2"},
-      {"<Alt+3>", "TxtDisp_1", "1a2 b,3-", "123", "", "TxtDisp_2"},
-      {"<Alt+3>", "TxtDisp_1", "32768", "32768", kLarge},
-      {"<Alt+3>", "TxtDisp_1", "<Ctrl+V>", "1200", "", "TxtDisp_2", "1,200"},
-      {"<Alt+3>", "TxtDisp_1", "<Ctrl+V>", "6", kSmall, "", "-6"},
-      {"<Alt+3>", "TxtDisp_3", "", "", "", "cmdDISP1"},
-      {"<Alt+7>", "TxtDispJoist_0", "7", "8", "", "TxtDisp_27"},
-      {"<Alt+7>", "TxtDispJoist_0", "32767", "32767", kLarge},
+      {"<Alt+3>", "txtOutsideCornersFirstFloor", "", "", kRequired},
+      {"<Alt+3>", "txtOutsideCornersFirstFloor", "1.01", "2", "", "txtHeatedLength"},
+      {"<Alt+3>", "txtOutsideCornersFirstFloor", "1a2 b,3-", "123", "", "txtHeatedLength"},
+      {"<Alt+3>", "txtOutsideCornersFirstFloor", "32768", "32768", kLarge},
+      {"<Alt+3>", "txtOutsideCornersFirstFloor", "<Ctrl+V>", "1200", "", "txtHeatedLength", "1,200"},
+      {"<Alt+3>", "txtOutsideCornersFirstFloor", "<Ctrl+V>", "6", kSmall, "", "-6"},
+      {"<Alt+3>", "txtOverallLength", "", "", "", "cmdNext"},
+      {"<Alt+7>", "txtJoistLengthFirstFloor1", "7", "8", "", "txtBayAreaLftFirstFloor2"},
+      {"<Alt+7>", "txtJoistLengthFirstFloor1", "32767", "32767", kLarge},
   };
   for (const auto& c : cases)
     for (const char* const leave : {"<Return>", "<Tab>"}) {
@@ -128,20 +128,20 @@ TEST_F(frmDisplayTest, ANumberIsHeldToItsLimitsWhenItsBoxIsLeft) {
 TEST_F(frmDisplayTest, WhatWasAskedForOnceIsLetPass) {
   Open(PlanMode::New, kOneStoryCrawl);
   Run([this](frmDisplay& form) {
-    Take(form, {{"<Alt+3><Tab>", "3 Of 11, TxtDisp_1 []", kRequired}, {"<Tab>", "3 Of 11, TxtDisp_2 []"}});
+    Take(form, {{"<Alt+3><Tab>", "3 Of 11, txtOutsideCornersFirstFloor []", kRequired}, {"<Tab>", "3 Of 11, txtHeatedLength []"}});
     // By mouse to another box as well.
     asked.Expect(kRequired);
-    for (const char* const seen : {"3 Of 11, TxtDisp_2 []", "3 Of 11, TxtDisp_3 []"}) {
-      QTest::mouseClick(Find(form, "TxtDisp_3"), Qt::LeftButton);
+    for (const char* const seen : {"3 Of 11, txtHeatedLength []", "3 Of 11, txtOverallLength []"}) {
+      QTest::mouseClick(Find(form, "txtOverallLength"), Qt::LeftButton);
       Take(form, {{"", seen}});
     }
   });
 }
 
 TEST_F(frmDisplayTest, ButtonsAndPagesAskNothingAboutTheBoxAtHand) {
-  const std::pair<const char*, const char*> ways[] = {{"<Alt+N>", "4 Of 11"},  {"<Alt+V>", "2 Of 11"},    {"<PgDown>", "4 Of 11"},
-                                                      {"<PgUp>", "2 Of 11"},   {"<Alt+9>", "9 Of 11"},    {"<Alt+->", "11 Of 11"},
-                                                      {"cmdDISP1", "4 Of 11"}, {"cmdScreen_8", "9 Of 11"}};
+  const std::pair<const char*, const char*> ways[] = {{"<Alt+N>", "4 Of 11"}, {"<Alt+V>", "2 Of 11"},    {"<PgDown>", "4 Of 11"},
+                                                      {"<PgUp>", "2 Of 11"},  {"<Alt+9>", "9 Of 11"},    {"<Alt+->", "11 Of 11"},
+                                                      {"cmdNext", "4 Of 11"}, {"cmdScreen_8", "9 Of 11"}};
   for (const auto& [way, screen] : ways)
     for (const char* const text : {"", "40000", "155.3"}) {
       Open(PlanMode::New, kOneStoryCrawl);
@@ -158,7 +158,7 @@ TEST_F(frmDisplayTest, ButtonsAndPagesAskNothingAboutTheBoxAtHand) {
         }
         EXPECT_EQ(See(form).substr(0, See(form).find(',')), screen);
         EXPECT_EQ(drafts, before + 1);
-        EXPECT_EQ(record.TxtDisp[1].text, *text == '1' ? "156" : text);
+        EXPECT_EQ(record.numbers[NumberBox::OutsideCornersFirstFloor].text, *text == '1' ? "156" : text);
       });
     }
 }
@@ -168,17 +168,17 @@ TEST_F(frmDisplayTest, ScreensAreMarkedAndThoseWithoutAUsableLinePassedOver) {
   Run([this](frmDisplay& form) {
     const auto mark = [&form](const char* name) { return Find(form, name)->accessibleName().toStdString(); };
     const auto buttons = [&form] {
-      return std::vector{Find(form, "cmdDISP1")->isEnabled(), Find(form, "cmdDISP2")->isEnabled(), Find(form, "cmdDISP3")->isEnabled()};
+      return std::vector{Find(form, "cmdNext")->isEnabled(), Find(form, "cmdPrev")->isEnabled(), Find(form, "cmdPrint")->isEnabled()};
     };
-    EXPECT_FALSE(Find(form, "lblLine_0")->isEnabled());
+    EXPECT_FALSE(Find(form, "lblFramingGrade")->isEnabled());
     EXPECT_EQ(mark("cmdScreen_1") + "; " + mark("cmdScreen_3"), "Screen 2, needs input; Screen 4, nothing to enter for this plan type");
     EXPECT_EQ(buttons(), (std::vector{true, false, false})) << "no print until the last screen was reached";
     // The first two lists are shut.
-    Take(form, {{"", "1 Of 11, combo1_2"}});
+    Take(form, {{"", "1 Of 11, cboShoePlates"}});
     TypeWalls(form, "150");
-    Take(form, {{"<PgDown><PgDown>", "6 Of 11, TxtDisp_24 []"},
-                {"<PgUp><PgUp><PgUp><PgUp>", "1 Of 11, combo1_2"},
-                {"<PgDown><PgDown><PgDown><PgDown><PgDown><PgDown><PgDown>", "11 Of 11, TxtDisp_48 1200[1200]"}});
+    Take(form, {{"<PgDown><PgDown>", "6 Of 11, txtIntWallLftFirstFloor []"},
+                {"<PgUp><PgUp><PgUp><PgUp>", "1 Of 11, cboShoePlates"},
+                {"<PgDown><PgDown><PgDown><PgDown><PgDown><PgDown><PgDown>", "11 Of 11, txtExtWallSidingFirstFloor 1200[1200]"}});
     EXPECT_EQ(mark("cmdScreen_1"), "Screen 2, complete");
     EXPECT_EQ(buttons(), (std::vector{false, true, true}));
   });
@@ -190,20 +190,23 @@ TEST_F(frmDisplayTest, PrintLeadsToWhatIsMissing) {
   session.CurrentEstimate.DropGirderPly = 1;  // no drop girder
   record = OpenedForm(session.CurrentEstimate);
   Run([this](frmDisplay& form) {
-    Take(form, {{"<Alt+P>", "2 Of 11, TxtDisp_0 []", "0 Screen 2 Needs Additional Input|Norvale Help Notice"}});
-    for (int box = 1; box < static_cast<int>(kNumberBoxes); ++box)
-      if (record.TxtDisp[box].enabled && (box < 14 || box > 23)) SetNumberText(record, box, "10");
+    Take(form, {{"<Alt+P>", "2 Of 11, txtExtWallLftFirstFloor []", "0 Screen 2 Needs Additional Input|Norvale Help Notice"}});
+    for (const NumberBox box : kAllNumberBoxes)
+      if (box != NumberBox::ExtWallLftFirstFloor && record.numbers[box].enabled && RowOf(box).group != BoxGroup::DropGirder &&
+          RowOf(box).group != BoxGroup::Sill)
+        SetNumberText(record, box, "10");
     asked.Expect("0 Screen 6 Needs Additional Input|Norvale Help Notice");
-    Take(form, {{"150<Alt+P>", "6 Of 11, TxtDisp_19 []", "0 There are no entries for: LFT SILLS|Norvale Help Notice"},
-                {"99999<Alt+P>", "6 Of 11, TxtDisp_19 99999[99999]", kLarge},
-                {"77.2<Alt+P>", "6 Of 11, cmdDISP3"}});
+    Take(form, {{"150<Alt+P>", "6 Of 11, txtSillLft8 []", "0 There are no entries for: LFT SILLS|Norvale Help Notice"},
+                {"99999<Alt+P>", "6 Of 11, txtSillLft8 99999[99999]", kLarge},
+                {"77.2<Alt+P>", "6 Of 11, cmdPrint"}});
     EXPECT_EQ(prints, 1);
     EXPECT_EQ(session.CurrentEstimate.SillLft[0], 78) << "the plan is in the record before it is printed";
-    SetNumberText(record, 42, "40000");
-    Take(form, {{"<Alt+P>", "9 Of 11, TxtDisp_42 40000[40000]", kLarge}, {"1", "9 Of 11, TxtDisp_42 1[]"}});  // opened to be mended
-    record.TxtDispJoist[5].text = "-5";
-    record.TxtDispJoist[5].isHidden = true;
-    Take(form, {{"<Alt+P>", "9 Of 11, TxtDispJoist_5 -5[-5]", kSmall}});
+    SetNumberText(record, NumberBox::ExtWallLftSecondFloor, "40000");
+    Take(form, {{"<Alt+P>", "9 Of 11, txtExtWallLftSecondFloor 40000[40000]", kLarge},
+                {"1", "9 Of 11, txtExtWallLftSecondFloor 1[]"}});  // opened to be mended
+    record.joists[JoistBox::SecondFloorBay1].text = "-5";
+    record.joists[JoistBox::SecondFloorBay1].isHidden = true;
+    Take(form, {{"<Alt+P>", "9 Of 11, txtJoistLengthSecondFloor1 -5[-5]", kSmall}});
   });
 }
 
@@ -225,13 +228,13 @@ TEST_F(frmDisplayTest, ExitSavesWhatIsChosen) {
       TypeWalls(form, "149.3");
       LeaveBy(c.keys);
       EXPECT_EQ(form.isVisible(), c.stays);
-      EXPECT_EQ(Focus() == "TxtDisp_0", c.stays);
+      EXPECT_EQ(Focus() == "txtExtWallLftFirstFloor", c.stays);
     };
     EXPECT_EQ(Run(leave), c.cancelled);
     if (IsOpened(c.mode)) {
       EXPECT_EQ(StoredPlan().ExtWallLftFirstFloor, c.onDisk);
     }
-    EXPECT_EQ(record.TxtDisp[0].text, "150");
+    EXPECT_EQ(record.numbers[NumberBox::ExtWallLftFirstFloor].text, "150");
   }
 }
 
@@ -261,7 +264,7 @@ TEST_F(frmDisplayTest, ASaveThatFailsKeepsTheForm) {
     };
     TypeWalls(form, "99999");
     save(kLarge);
-    EXPECT_EQ(See(form), "2 Of 11, TxtDisp_0 99999[99999]");
+    EXPECT_EQ(See(form), "2 Of 11, txtExtWallLftFirstFloor 99999[99999]");
     Keys("150");
     disk.reason = "No space left on device";
     save(FileErrorNotice(FileError("norvale.jnl", disk.reason)));
@@ -281,35 +284,37 @@ TEST_F(frmDisplayTest, CtrlZGivesBackWhatStoodThere) {
   Run([this](frmDisplay& form) {
     asked.Expect(kLarge);
     TypeWalls(form, "40000<Backtab>7<Ctrl+Z>");
-    EXPECT_EQ(record.TxtDisp[0].text, "150") << "not what the message was about";
-    List(form, 7).setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(record.numbers[NumberBox::ExtWallLftFirstFloor].text, "150") << "not what the message was about";
+    List(form, SelectionList::Roofing).setFocus(Qt::TabFocusReason);
     Keys("<End>");
-    EXPECT_EQ(ShownText(record.combo1[7]), "STANDING SEAM METAL");
+    EXPECT_EQ(ShownText(record.lists[SelectionList::Roofing]), "STANDING SEAM METAL");
     Keys("<Ctrl+Z>");
-    EXPECT_EQ(ShownText(record.combo1[7]), "GONE FROM THE LIST");
-    EXPECT_EQ(List(form, 7).placeholderText(), QStringLiteral("GONE FROM THE LIST"));
-    EXPECT_EQ(List(form, 7).currentIndex(), -1);
+    EXPECT_EQ(ShownText(record.lists[SelectionList::Roofing]), "GONE FROM THE LIST");
+    EXPECT_EQ(List(form, SelectionList::Roofing).placeholderText(), QStringLiteral("GONE FROM THE LIST"));
+    EXPECT_EQ(List(form, SelectionList::Roofing).currentIndex(), -1);
   });
 }
 
 TEST_F(frmDisplayTest, ListsAreWorkedByKeysAndNotByTheWheel) {
   Open(PlanMode::New, kOneStoryCrawl);
   Run([this](frmDisplay& form) {
-    QComboBox& list = List(form, 0);
+    QComboBox& list = List(form, SelectionList::FramingGrade);
     QWheelEvent turn(QPointF(5, 5), list.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&list, &turn);
     EXPECT_EQ(list.currentIndex(), 0);
     EXPECT_EQ(record.mark, ChangeMark::None);
     Keys("#2 D<Tab>3/4");
-    EXPECT_EQ(ShownText(record.combo1[0]) + ", " + ShownText(record.combo1[1]), "#2 DOUG FIR-LARCH, 4X8- 3/4 T&G PLYWOOD");
+    EXPECT_EQ(ShownText(record.lists[SelectionList::FramingGrade]) + ", " + ShownText(record.lists[SelectionList::FloorSheathing]),
+              "#2 DOUG FIR-LARCH, 4X8- 3/4 T&G PLYWOOD");
     // The major girder opens the lines below it.
     Keys("<Alt+4>");
-    List(form, 17).setFocus();
+    List(form, SelectionList::GirderPly).setFocus();
     Keys("<Home>");
-    EXPECT_FALSE(Find(form, "TxtDisp_4")->isEnabled() || Find(form, "lblLine_23")->isEnabled() || Find(form, "lblc1")->isVisible());
+    EXPECT_FALSE(Find(form, "txtMajorGirderLft8")->isEnabled() || Find(form, "lblMajorGirderLft8")->isEnabled() ||
+                 Find(form, "lblGirder")->isVisible());
     Keys("<Down><Down>");
-    EXPECT_TRUE(Find(form, "TxtDisp_4")->isEnabled() && Find(form, "lblLine_23")->isEnabled());
-    EXPECT_EQ(Text(form, "lblc1") + Text(form, "lblc2"), "3 Mbr4 Mbr");
+    EXPECT_TRUE(Find(form, "txtMajorGirderLft8")->isEnabled() && Find(form, "lblMajorGirderLft8")->isEnabled());
+    EXPECT_EQ(Text(form, "lblGirder") + Text(form, "lblWiderGirder"), "3 Mbr4 Mbr");
     Keys("<Alt+1>");
     for (const char* const open : {"<F4>", "<Alt+Down>"}) {
       list.setFocus();
@@ -337,7 +342,7 @@ TEST_F(frmDisplayTest, TheLiveListFollowsTheKeysWithoutBeingInTheirWay) {
   const auto type = [&](frmDisplay& form) {
     EXPECT_EQ(panel, nullptr) << "off until it is asked for";
     TypeWalls(form, "<Alt+L>");
-    EXPECT_EQ(Focus(), "TxtDisp_0");
+    EXPECT_EQ(Focus(), "txtExtWallLftFirstFloor");
     ASSERT_NE(panel, nullptr);
     const int before = panel->shown;
     for (const char c : {'1', '5', '0'}) QTest::keyClick(QApplication::focusWidget(), c);
@@ -362,15 +367,14 @@ std::string Row(int row) {
 
 // Types what the sample holds into the box that has the focus and goes on with Enter.
 void TypeOver(const PlanForm& record, const PlanForm& sample, AskedMessages& asked) {
-  const std::string focus = Focus();
-  const int index = std::stoi(focus.substr(focus.find('_') + 1));
-  if (focus.starts_with("combo1")) return Keys(Row(sample.combo1[index].ListIndex).c_str());
-  const bool isJoist = focus.starts_with("TxtDispJoist");
-  const std::string& text = isJoist ? sample.TxtDispJoist[index].text : sample.TxtDisp[index].text;
+  const LineField field = FieldOfControl(Focus());
+  if (field.IsList()) return Keys(Row(sample.lists[field.List()].ListIndex).c_str());
+  const auto joist = JoistOfControl(Focus());
+  const std::string& text = joist ? sample.joists[*joist].text : sample.numbers[field.Number()].text;
   Keys(text.empty() ? "<Del>" : text.c_str());
   // A row of a table that stays empty is asked for while the others are empty, too.
   PlanForm copy = record;
-  const bool isAsked = !isJoist && !LeaveNumberBox(copy, index).message.empty();
+  const bool isAsked = !joist && !LeaveNumberBox(copy, field.Number()).message.empty();
   if (isAsked) asked.Expect(kRequired);
   Keys(isAsked ? "<Return><Return>" : "<Return>");
 }
@@ -412,11 +416,11 @@ TEST_F(frmDisplayTest, ASamplePlanTypedInIsTheSampleByteForByte) {
     EXPECT_FALSE(Run([&](frmDisplay& form) {
       if (sample.RoofPlanes[0].SectionType != 0) {
         asked.Expect(std::string(kTransferAreaQuestion), Answer::No);
-        DriveModal<frmROOF>([&] { Click(form, "cmdDOROOF"); }, [&](frmROOF& roof) { TypeRoof(roof, sample); });
-        Find(form, "combo1_0")->setFocus();
+        DriveModal<frmROOF>([&] { Click(form, "cmdRoof"); }, [&](frmROOF& roof) { TypeRoof(roof, sample); });
+        Find(form, "cboFramingGrade")->setFocus();
       }
-      for (int steps = 0; steps < 200 && Focus() != "cmdDISP2"; ++steps)
-        Focus() == "cmdDISP1" ? Keys("<Return>") : TypeOver(record, want, asked);
+      for (int steps = 0; steps < 200 && Focus() != "cmdPrev"; ++steps)
+        Focus() == "cmdNext" ? Keys("<Return>") : TypeOver(record, want, asked);
       EXPECT_EQ(record.CurrentScreen, ScreenCount);
       EXPECT_EQ(CheckBeforePrint(record).screen, -1);
       LeaveBy("s");
@@ -486,8 +490,10 @@ TEST_F(FrmnewestTest, HandsOverWhatWasTypedWithEnter) {
     Keys("<Return>");
   };
   EXPECT_EQ(RunSheet(kOneStorySlab | kAttachedGarage, type), QDialog::Accepted);
-  EXPECT_EQ(record.TxtDisp[25].text + " " + record.TxtDisp[34].text + " " + record.TxtDisp[51].text, "2000 400 85");
-  EXPECT_EQ(record.combo1[33].ListIndex, 0);
+  EXPECT_EQ(record.numbers[NumberBox::HeatedSqFtFirstFloor].text + " " + record.numbers[NumberBox::GarageSqFt].text + " " +
+                record.numbers[NumberBox::GableSqFt].text,
+            "2000 400 85");
+  EXPECT_EQ(record.lists[SelectionList::RoofOverhang].ListIndex, 0);
   EXPECT_EQ(session.CurrentEstimate.EavesLft, 120);
 }
 
@@ -503,7 +509,7 @@ TEST_F(FrmnewestTest, AsksForAMissingWidthOnceAndRefusesWhatIsTooLarge) {
     Keys("1000<Alt+O>");
   };
   EXPECT_EQ(RunSheet(kOneStorySlab, type), QDialog::Accepted);
-  EXPECT_EQ(record.TxtDisp[51].text, "72");
+  EXPECT_EQ(record.numbers[NumberBox::GableSqFt].text, "72");
 }
 
 TEST_F(FrmnewestTest, IsDroppedWithoutAWordOnlyWhileItIsEmpty) {
@@ -526,7 +532,8 @@ TEST_F(FrmnewestTest, CanBeFilledInAgainForAnOpenedPlan) {
     asked.Expect(std::string(kPreliminaryNotice));
     const auto fill = [](Frmnewest& sheet) { Type(sheet, "txtfootage_5", "120"), Click(sheet, "cmdOK"); };
     DriveModal<Frmnewest>([&] { Click(form, "cmdPreliminary"); }, fill);
-    EXPECT_EQ(Text(form, "TxtDisp_46"), "120");
+    Keys("<Alt+9>");
+    EXPECT_EQ(Text(form, "txtFasciaLft"), "120");
     LeaveBy("s");
   });
   EXPECT_EQ(StoredPlan().EavesLft, 120);

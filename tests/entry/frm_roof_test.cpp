@@ -82,7 +82,7 @@ TEST_F(frmROOFTest, RemovesInTheMiddleAndTakesItBack) {
     Keys("<Alt+D>"), Click(form, "cmdJOIST");
   });
   EXPECT_EQ(plan.RoofPlanes[1].SectionLength, 36);
-  EXPECT_EQ(dataEntry.TxtDisp[47].text, "99") << "sections of 1, 3 and 4 ft";
+  EXPECT_EQ(dataEntry.numbers[NumberBox::RoofSqFt].text, "99") << "sections of 1, 3 and 4 ft";
 }
 
 TEST_F(frmROOFTest, AnEmptiedRoofWithoutJoistsClearsThePlan) {

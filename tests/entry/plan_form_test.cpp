@@ -8,7 +8,7 @@
 #include "base/files.h"
 #include "data/keyed_files.h"
 #include "entry/entry_form.h"
-#include "entry/field_lists.h"
+#include "entry/field_rules.h"
 #include "entry/screens.h"
 #include "prices/exchange.h"
 
@@ -23,8 +23,8 @@ EstimateRecord PlanOfOwnValues() {
   DecodeValue(bytes.data(), plan);
   plan.PlanType = kTwoLevelCrawl;
   StorePlanFromForm(NewForm(kTwoLevelCrawl), plan);  // choices that the lists have
-  for (int box = 0; box < static_cast<int>(kNumberBoxes); ++box) NumberField(plan, box) = static_cast<std::int16_t>(100 + box);
-  for (int box = 0; box < static_cast<int>(kJoistBoxes); ++box) JoistField(plan, box) = static_cast<std::int16_t>(20 + 2 * box);
+  for (const NumberBox box : kAllNumberBoxes) RowOf(box).place.In(plan) = static_cast<std::int16_t>(100 + static_cast<int>(box));
+  for (const JoistBox box : kAllJoistBoxes) RowOf(box).place.In(plan) = static_cast<std::int16_t>(20 + 2 * static_cast<int>(box));
   plan.CarportSqFtUnmulled = 77;
   return plan;
 }
@@ -50,11 +50,11 @@ TEST(PlanForm, PlansAreTheSameAfterTheyWereOpened) {
 TEST(PlanForm, ANewPlanHasTheDefaultsAndNothingElse) {
   EstimateRecord old = PlanOfOwnValues();
   const PlanForm form = OpenPlanForm(PlanMode::New, false, old, DeliveredScreenLines(), DeliveredMaterialRows());
-  EXPECT_THAT(form.TxtDisp, testing::Each(testing::Field(&NumberBox::text, "")));
+  EXPECT_THAT(form.numbers.values, testing::Each(testing::Field(&NumberState::text, "")));
   const char* const lengths[] = {"8", "10", "12", "14", "16", "8", "10", "12", "14", "16"};
-  for (std::size_t box = 0; box < kJoistBoxes; ++box) EXPECT_EQ(form.TxtDispJoist[box].text, lengths[box]) << box;
+  for (std::size_t box = 0; box < kJoistBoxes; ++box) EXPECT_EQ(form.joists.values[box].text, lengths[box]) << box;
   EXPECT_EQ(form.CarportSqFtUnmulled, 0);
-  EXPECT_EQ(ShownText(form.combo1[0]) + ShownText(form.combo1[34]), "#2 SYPVINYL SIDING");
+  EXPECT_EQ(ShownText(form.lists[SelectionList::FramingGrade]) + ShownText(form.lists[SelectionList::WallFinish]), "#2 SYPVINYL SIDING");
   EXPECT_EQ(form.mark, ChangeMark::None);
   EXPECT_FALSE(form.isPrintEnabled);
 }
@@ -69,13 +69,13 @@ TEST(PlanForm, ListsEndWhereTheFileSaysSo) {
   add(3, "A", 0), add(3, "B", -1), add(3, "List End", 0), add(3, "C", -1), add(40, "D", -1), add(-1, "E", 0), add(15, "DRYWALL", 0);
   PlanForm form;
   LoadPlanIntoForm(form, PlanMode::New, BlankPlan(), rows);
-  EXPECT_THAT(form.combo1[3].rows, testing::ElementsAre("A", "B"));
-  EXPECT_EQ(form.combo1[3].ListIndex, 1);
-  EXPECT_EQ(form.combo1[4].ListIndex, -1);
+  EXPECT_THAT(form.lists[SelectionList::PreCutStuds].rows, testing::ElementsAre("A", "B"));
+  EXPECT_EQ(form.lists[SelectionList::PreCutStuds].ListIndex, 1);
+  EXPECT_EQ(form.lists[SelectionList::WallSheathing].ListIndex, -1);
   EstimateRecord finished = BlankPlan();
   finished.SlabInterior.Assign("FINISHED");
   LoadPlanIntoForm(form, PlanMode::Existing, finished, rows);
-  EXPECT_EQ(form.combo1[15].ListIndex, 0) << "the first row of the interior, whatever it is called";
+  EXPECT_EQ(form.lists[SelectionList::SlabInterior].ListIndex, 0) << "the first row of the interior, whatever it is called";
 }
 
 TEST(PlanForm, AStoredChoiceIsFoundByRowThenByText) {
@@ -98,13 +98,13 @@ TEST(PlanForm, AStoredChoiceIsFoundByRowThenByText) {
     plan.FloorJoistSize.Assign(c.text);
     PlanForm form;
     LoadPlanIntoForm(form, PlanMode::Existing, plan, DeliveredMaterialRows());
-    EXPECT_EQ(form.combo1[24].ListIndex, c.row) << c.what;
-    EXPECT_EQ(ShownText(form.combo1[24]), c.shown) << c.what;
+    EXPECT_EQ(form.lists[SelectionList::FloorJoistSize].ListIndex, c.row) << c.what;
+    EXPECT_EQ(ShownText(form.lists[SelectionList::FloorJoistSize]), c.shown) << c.what;
     StorePlanFromForm(form, plan);
     EXPECT_EQ(plan.FloorJoistSizeIndex, c.storedIndex) << c.what;
-    SelectRow(form, 24, 0);
-    SelectRow(form, 24, -1);
-    EXPECT_EQ(ShownText(form.combo1[24]), "") << c.what << ", once another row was chosen";
+    SelectRow(form, SelectionList::FloorJoistSize, 0);
+    SelectRow(form, SelectionList::FloorJoistSize, -1);
+    EXPECT_EQ(ShownText(form.lists[SelectionList::FloorJoistSize]), "") << c.what << ", once another row was chosen";
   }
 }
 
@@ -112,7 +112,7 @@ TEST(PlanForm, NoNumberWrapsOnItsWayIntoTheRecord) {
   for (const auto& [text, stored] :
        {std::pair{"", 0}, {"32767", 32767}, {"32768", 32767}, {"99999999999", 32767}, {"-40000", -32768}, {"2.5", 2}, {"3.5", 4}}) {
     PlanForm form;
-    form.TxtDisp[47].text = form.TxtDispJoist[9].text = text;
+    form.numbers[NumberBox::RoofSqFt].text = form.joists[JoistBox::SecondFloorBay5].text = text;
     EstimateRecord plan;
     StorePlanFromForm(form, plan);
     EXPECT_EQ(plan.RoofSqFt, stored) << text;
@@ -127,7 +127,8 @@ TEST(PlanForm, AChangedTypeNamesTheShutBoxesThatStillCount) {
   plan.ExtWallSidingSecondFloor = 1100;
   PlanForm form = OpenPlanForm(PlanMode::Existing, true, plan, DeliveredScreenLines(), DeliveredMaterialRows());
   EXPECT_TRUE(form.isPrintEnabled);
-  EXPECT_THAT(ShutBoxesWithValues(form), testing::ElementsAre(34, 42, 49));
+  EXPECT_THAT(ShutBoxesWithValues(form),
+              testing::ElementsAre(NumberBox::GarageSqFt, NumberBox::ExtWallLftSecondFloor, NumberBox::ExtWallSidingSecondFloor));
   ClearShutBoxes(form);
   StorePlanFromForm(form, plan);
   EXPECT_EQ(plan.ExtWallLftFirstFloor, 156);
@@ -147,24 +148,23 @@ TEST(PlanForm, AFormWithoutItsFilesIsRefused) {
 TEST(PlanForm, WholeHouseOfVinylChoosesVinylWhereTheFinishIsFree) {
   for (const int type : {kTwoLevelSlab, kTwoLevelSlab | kBrickVeneer}) {
     PlanForm form = NewForm(type);
-    SelectRow(form, 34, 0);
+    SelectRow(form, SelectionList::WallFinish, 0);
     ChooseWholeHouseVinyl(form);
-    EXPECT_EQ(ShownText(form.combo1[34]), type == kTwoLevelSlab ? "VINYL SIDING" : "BRICK VENEER");
+    EXPECT_EQ(ShownText(form.lists[SelectionList::WallFinish]), type == kTwoLevelSlab ? "VINYL SIDING" : "BRICK VENEER");
   }
 }
 
 TEST(ControlCode, NamesABoxOrNone) {
   struct Case {
     const char* code;
-    LineControl control;
+    LineField field;
   };
-  for (const Case& c : {Case{"C:39", {ControlKind::Selection, 39}}, Case{"C:40", {}}, Case{"T:53", {ControlKind::Number, 53}},
-                        Case{"T:54", {}}, Case{"    ", {}}, Case{"T:5", {}}, Case{"T053", {}}, Case{"X:01", {}}, Case{"C: 1", {}}})
-    EXPECT_EQ(ParseControlCode(c.code), c.control) << c.code;
-  const PlanForm form = NewForm(kOneStorySlab);
-  EXPECT_EQ(form.LastLine, 93);
-  EXPECT_THAT(form.LineOfCombo, testing::Each(testing::Ge(0))) << "every box has its line on the delivered screens";
-  EXPECT_THAT(form.LineOfNumber, testing::Each(testing::Ge(0)));
+  for (const Case& c : {Case{"C:39", SelectionList::PanelHeight}, Case{"C:40", {}}, Case{"T:53", NumberBox::HalfStoryBaseMouldLft},
+                        Case{"T:54", {}}, Case{"    ", {}}, Case{"T:5", {}}, Case{"T053", {}}, Case{"X:01", {}}, Case{"C: 1", {}}}) {
+    ScreenLine line;
+    line.ControlCode.Assign(c.code);
+    EXPECT_EQ(FieldOfLine(line), c.field) << c.code;
+  }
 }
 
 }  // namespace

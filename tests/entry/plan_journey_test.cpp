@@ -9,10 +9,12 @@
 #include "desktop/desktop_fixture.h"
 #include "desktop/form_script.h"
 #include "entry/draft.h"
+#include "entry/entry_form.h"
 #include "entry/frm_checklst.h"
 #include "entry/frm_display.h"
 #include "entry/frm_estsave.h"
 #include "entry/frm_newest.h"
+#include "entry/frm_page.h"
 #include "entry/plan_form.h"
 #include "prices/delivered.h"
 #include "shell/frm_address.h"
@@ -40,7 +42,7 @@ constexpr std::array<ListPlace, 40> kListAt = {
      {385, 387}, {417, -1},  {419, 421}, {451, 453}, {473, 475}, {511, -1},  {515, -1},  {523, -1},  {529, -1},  {531, -1},
      {533, 535}, {565, 567}, {591, 593}, {619, -1},  {621, -1},  {623, 625}, {645, 647}, {667, 669}, {689, 691}, {715, -1}}};
 
-std::string Name(const char* array, std::size_t index) { return array + ("_" + std::to_string(index)); }
+std::string Control(const char* kind, std::string_view field) { return std::string(kind).append(field); }
 
 void PutNumber16(std::string& record, int at, int value) {
   record[static_cast<std::size_t>(at)] = static_cast<char>(value & 0xFF);
@@ -54,12 +56,14 @@ void PutText(std::string& record, int at, std::size_t width, std::string text) {
 
 // What the operator sees on the screens, laid into the bytes of a record.
 std::string Shown(QWidget& display, std::string record) {
+  for (PlanPage* const page : display.findChildren<PlanPage*>()) page->ShowLines();
   for (std::size_t i = 0; i < kNumberAt.size(); ++i)
-    PutNumber16(record, kNumberAt[i], std::stoi("0" + Text(display, Name("TxtDisp", i).c_str())));
+    PutNumber16(record, kNumberAt[i], std::stoi("0" + Text(display, Control("txt", kNumberBoxRows[i].name).c_str())));
   for (std::size_t i = 0; i < 10; ++i)
-    PutNumber16(record, kFirstJoistAt + 2 * static_cast<int>(i), std::stoi("0" + Text(display, Name("TxtDispJoist", i).c_str())));
+    PutNumber16(record, kFirstJoistAt + 2 * static_cast<int>(i),
+                std::stoi("0" + Text(display, Control("txt", kJoistBoxRows[i].name).c_str())));
   for (std::size_t i = 0; i < kListAt.size(); ++i) {
-    const auto* const list = Find<QComboBox>(display, Name("combo1", i).c_str());
+    const auto* const list = Find<QComboBox>(display, Control("cbo", kSelectionListRows[i].name).c_str());
     const QString text = list->currentIndex() >= 0 ? list->currentText() : list->placeholderText();
     if (kListAt[i].row >= 0) PutNumber16(record, kListAt[i].row, list->currentIndex() + 1);
     if (kListAt[i].text >= 0) PutText(record, kListAt[i].text, 20, text.left(20).trimmed().toStdString());
@@ -84,11 +88,12 @@ std::string Difference(const std::string& a, const std::string& b) {
 
 // Types into the boxes at hand and those behind, as Enter leads, from screen to screen down to the last.
 void TypeScreens() {
-  for (int step = 0; step < 300 && Focus() != "cmdDISP2"; ++step) {
-    const std::string box = Focus();
-    const int index = box.starts_with("TxtDisp") ? std::stoi(box.substr(box.find('_') + 1)) : 0;
-    const std::string number = std::to_string(box.starts_with("TxtDispJoist") ? 10 + 2 * index : 100 + index);
-    Keys(((box.starts_with("TxtDisp") ? number : box.starts_with("combo1") ? "<Down>" : "") + "<Return>").c_str());
+  for (int step = 0; step < 300 && Focus() != "cmdPrev"; ++step) {
+    const LineField field = FieldOfControl(Focus());
+    if (const auto joist = JoistOfControl(Focus())) Keys(std::to_string(10 + 2 * static_cast<int>(*joist)).c_str());
+    if (field.IsNumber()) Keys(std::to_string(100 + field.index).c_str());
+    if (field.IsList()) Key(Qt::Key_Down);
+    Key(Qt::Key_Return);
   }
 }
 
@@ -195,7 +200,7 @@ class PlanJourney : public DesktopTest {
     Key(Qt::Key_Return);
   }
 
-  ~PlanJourney() override { EXPECT_FALSE(std::filesystem::exists(scratch / kDraftFile)) << "every road ends without a draft"; }
+  ~PlanJourney() override { EXPECT_FALSE(std::filesystem::exists(scratch / kDraftFile)) << "every workflow ends without a draft"; }
 
   // By the menu's letter: "w" for a new plan, "e" for those on file.
   void Run(const char* choice, FormScript& script) {
@@ -217,7 +222,7 @@ class PlanJourney : public DesktopTest {
     plan.PriceLevel.Assign("1");
     plan.PlanDate.Assign("11-23-2026");
     PlanForm form = OpenPlanForm(PlanMode::New, false, plan, DeliveredScreenLines(), DeliveredMaterialRows());
-    for (int box = 0; box < 54; ++box) SetNumberText(form, box, std::to_string(1000 + box));
+    for (const NumberBox box : kAllNumberBoxes) SetNumberText(form, box, std::to_string(1000 + static_cast<int>(box)));
     StorePlanFromForm(form, plan);
     PadTexts(plan);
     StoreAll(folder, {}, std::array{plan});
@@ -250,7 +255,7 @@ TEST_F(PlanJourney, ANewPlanOfEachFoundationGoesToTheFilesAndBack) {
     reopened
         .Then<frmDisplay>([&](frmDisplay& form) {
           EXPECT_EQ(Difference(Shown(form, expected), expected), "");
-          Type(form, "TxtDisp_47", "777.2");
+          Type(form, "txtRoofSqFt", "777.2");
           Exit();
         })
         .Press<frmEstsave>(Qt::Key_S);
@@ -328,8 +333,9 @@ TEST_F(PlanJourney, AChangedTypeIsSavedInPlaceWithOrWithoutWhatItShuts) {
           EXPECT_FALSE(form.isVisible());
         })
         .Then<frmDisplay>([&](frmDisplay& form) {
-          EXPECT_TRUE(QTest::qWaitFor([&] { return (Text(form, "TxtDisp_42") == "") == isCleared; }, kLongestWait));
-          EXPECT_TRUE(Find(form, "cmdDISP3")->isEnabled());
+          Keys("<Alt+9>");
+          EXPECT_TRUE(QTest::qWaitFor([&] { return (Text(form, "txtExtWallLftSecondFloor") == "") == isCleared; }, kLongestWait));
+          EXPECT_TRUE(Find(form, "cmdPrint")->isEnabled());
           shown = Shown(form, BytesOf(plan));
           Exit();
         })
@@ -388,7 +394,7 @@ TEST_F(PlanJourney, ACopyGoesWhereItIsNamedAndNowhereElse) {
           LeaveIfOpen(form);
         })
         .Then<frmDisplay>([&](frmDisplay& form) {
-          Type(form, "TxtDisp_0", "333");
+          Type(form, "txtExtWallLftFirstFloor", "333");
           Key(Qt::Key_Return);
           changed = Shown(form, BytesOf(plan));
           Exit();
@@ -433,7 +439,7 @@ TEST_F(PlanJourney, AnOpenPlanFollowsItsCustomersNewNumber) {
   FormScript script = OpenedPlan("S");
   script
       .Then<frmDisplay>([](frmDisplay& form) {
-        Type(form, "TxtDisp_0", "333");
+        Type(form, "txtExtWallLftFirstFloor", "333");
         Exit();
       })
       .Press<frmEstsave>(Qt::Key_A)
@@ -463,8 +469,8 @@ TEST_F(PlanJourney, AKillLosesNothingThatStoodOnAnEarlierScreen) {
     before
         .Then<frmDisplay>([&](frmDisplay& form) {
           for (int screen = 0; screen < 6; ++screen) {
-            if (Focus().starts_with("TxtDisp_")) Keys("321");
-            if (Focus().starts_with("combo1_")) Key(Qt::Key_Down);
+            if (FieldOfControl(Focus()).IsNumber()) Keys("321");
+            if (FieldOfControl(Focus()).IsList()) Key(Qt::Key_Down);
             Keys("<Alt+N>");
           }
           shown = Shown(form, shown);
@@ -514,7 +520,7 @@ TEST_F(PlanJourney, AnUnsavedPlanIsNeverWrittenOverOneThatWasChanged) {
     EstimateRecord plan = StoreFullPlan("S", kTwoLevelCrawl);
     const EstimateRecord onFile = plan;
     PlanForm form = OpenPlanForm(PlanMode::Existing, false, plan, DeliveredScreenLines(), DeliveredMaterialRows());
-    SetNumberText(form, 0, "321");
+    SetNumberText(form, NumberBox::ExtWallLftFirstFloor, "321");
     KeepDraft(folder, DraftOf(form, plan, onFile, false));
     ASSERT_TRUE(FindEstimateOfPlan(folder, session, 7, "S"));
     session.CurrentEstimate.RoofSqFt = 1;

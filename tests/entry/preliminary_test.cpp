@@ -106,7 +106,7 @@ TEST(Preliminary, HandsOverToTheDataEntry) {
   EXPECT_EQ(form.mark, ChangeMark::Modified) << "an Exit must not lose it";
   PlanForm garage = NewForm(kOneStorySlab | kDetachedGarage);
   HandOver(ComputePreliminary(Sheet(kOneStorySlab, {"600", "", "", "", "", "", "", "", ""})), garage, plan);
-  EXPECT_EQ(garage.TxtDisp[24].text, "") << "a detached garage has no rooms";
+  EXPECT_EQ(garage.numbers[NumberBox::IntWallLftFirstFloor].text, "") << "a detached garage has no rooms";
 }
 
 }  // namespace

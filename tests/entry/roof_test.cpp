@@ -121,7 +121,7 @@ TEST(RoofNotes, TellWhatTheEstimateLeavesOut) {
   EXPECT_TRUE(noted({.SectionType = 1, .SectionLength = 288, .RafterRun = 144, .LoadWallRun = 145}, "beyond"));
   EXPECT_TRUE(noted({.SectionType = 5, .SectionLength = 288, .RafterRun = 144, .LoadWallRun = 60}, "one piece"));
   EXPECT_FALSE(noted({.SectionType = 3, .SectionLength = 288, .RafterRun = 144, .LoadWallRun = 144}, ""));
-  std::vector<std::string> grades = NewForm(kOneStoryCrawl).combo1[0].rows;
+  std::vector<std::string> grades = NewForm(kOneStoryCrawl).lists[SelectionList::FramingGrade].rows;
   EXPECT_EQ(SpeciesNote(1, grades), "");
   std::swap(grades[1], grades[2]);
   EXPECT_EQ(SpeciesNote(1, grades), "The list of framing grades was changed: rafters of #2 SPF are printed as #2 HEM-FIR.");
@@ -224,7 +224,7 @@ TEST(RoofForm, AnAreaThatNoPlanCanKeepIsNotHandedOver) {
   RoofForm form = RoofOf(1);
   Type(form, "2730", "2730");
   EXPECT_EQ(TransferRoofArea(form, dataEntry), kEntryTooLarge);
-  EXPECT_EQ(dataEntry.TxtDisp[47].text, "");
+  EXPECT_EQ(dataEntry.numbers[NumberBox::RoofSqFt].text, "");
 }
 
 }  // namespace

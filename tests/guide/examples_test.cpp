@@ -98,7 +98,7 @@ class Estimator {
     if (entry == "Kind of house")
       ChooseHouse(value);
     else if (entry == "Joist feet")
-      SetJoistText(form_, JoistBoxOf(lastNumber_), value);
+      SetJoistText(form_, JoistBoxBehind(lastNumber_).value(), value);
     else if (entry.starts_with(kWaste))
       SetWaste(entry.substr(kWaste.size()), std::stoi(value));
     else if (entry.starts_with(kPrice))
@@ -129,21 +129,22 @@ class Estimator {
   }
 
   void FillBox(const std::string& caption, const std::string& value) {
-    const auto line = std::ranges::find(form_.lblLine, caption, &CaptionLine::caption);
-    ASSERT_NE(line, form_.lblLine.end()) << caption;
-    const auto [kind, box] = line->control;
-    if (kind == ControlKind::Number) {
-      EXPECT_TRUE(form_.TxtDisp[box].enabled) << caption;
+    const auto line = std::ranges::find(form_.lines, caption, &LineState::caption);
+    ASSERT_NE(line, form_.lines.end()) << caption;
+    if (line->field.IsNumber()) {
+      const NumberBox box = line->field.Number();
+      EXPECT_TRUE(form_.numbers[box].enabled) << caption;
       SetNumberText(form_, box, value);
       lastNumber_ = box;
       return;
     }
-    const std::vector<std::string>& rows = form_.combo1[box].rows;
+    const SelectionList box = line->field.List();
+    const std::vector<std::string>& rows = form_.lists[box].rows;
     const auto row = std::ranges::find(rows, value);
     ASSERT_NE(row, rows.end()) << caption << " " << value;
     // What the kind of house has fixed need not be chosen, but must be what the page says.
-    if (form_.combo1[box].enabled) ClickSelectionBox(form_, box, static_cast<int>(row - rows.begin()));
-    EXPECT_EQ(ShownText(form_.combo1[box]), value) << caption;
+    if (form_.lists[box].enabled) ClickSelectionList(form_, box, static_cast<int>(row - rows.begin()));
+    EXPECT_EQ(ShownText(form_.lists[box]), value) << caption;
   }
 
   void SetWaste(const std::string& panelAndLabel, int percent) {
@@ -172,7 +173,7 @@ class Estimator {
   EstimatePrint print_;
   TakeoffData data_;
   PlanForm form_;
-  int lastNumber_ = -1;
+  NumberBox lastNumber_{};
 };
 
 TEST(GuideExamples, ComeOutAsTheirPagesSay) {

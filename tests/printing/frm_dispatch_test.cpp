@@ -134,7 +134,7 @@ TEST_F(PrintDispatchTest, EachBoxAlonePrintsThePartOfItsCaption) {
 TEST_F(PrintDispatchTest, LinesWithoutAPriceAreListedBeforeTheyGoOut) {
   session.CurrentEstimate = NewPlan(4);
   Measure(session.CurrentEstimate);
-  Choose(session.CurrentEstimate, 6, 1);
+  Choose(session.CurrentEstimate, SelectionList::RoofSheathing, 1);
   session.CurrentEstimate.RoofSheathing.Assign("STRAW BALES");
   Print(PrintKind::Estimate, [this](frmPrtSel& form) {
     auto* const list = Find<QTreeWidget>(form, "lstUnpriced");

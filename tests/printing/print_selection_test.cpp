@@ -54,7 +54,7 @@ TEST(PrintSelection, ReadsTheFormAsItReadsTheRecord) {
     for (const int inside : {0, 1}) {
       EstimateRecord plan = NewPlan(type);
       PlanForm form = OpenPlanForm(PlanMode::Existing, false, plan, lines, DeliveredMaterialRows());
-      form.combo1[15].ListIndex = inside;
+      form.lists[SelectionList::SlabInterior].ListIndex = inside;
       EstimateRecord stored = plan;
       StorePlanFromForm(form, stored);
       EXPECT_EQ(BoxesOf(PartsOf(form)), BoxesOf(PartsOf(stored))) << type << " " << inside;

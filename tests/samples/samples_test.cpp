@@ -7,7 +7,7 @@
 #include <set>
 
 #include "base/numbers.h"
-#include "data/plan_choices.h"
+#include "data/plan_fields.h"
 #include "printing/estimate_document.h"
 #include "printing/order_summary.h"
 #include "printing/print_selection.h"
@@ -29,7 +29,7 @@ TEST(SamplePlans, HoldRowsOfTheDeliveredLists) {
   ASSERT_THAT(samples.plans, Not(IsEmpty()));
   for (const EstimateRecord& plan : samples.plans) {
     for (int list = 0; list < static_cast<int>(kSelectionLists); ++list) {
-      const PlanChoice& choice = kPlanChoices[static_cast<std::size_t>(list)];
+      const SelectionListRow& choice = kSelectionListRows[list];
       const std::string text = choice.text != nullptr ? (plan.*choice.text).Trimmed() : "";
       // The inside of a slab building is held by its text alone. The record holds the first 20 characters of a row.
       const int position = choice.index != nullptr ? plan.*choice.index - 1 : text == "FINISHED" ? 0 : 1;

@@ -28,7 +28,7 @@ class frmMenuTest : public DesktopTest {
     std::string shown;
     for (const MenuPanel& panel : MenuPanels())
       if (Find(menu, std::string(panel.panel).c_str())->isVisible()) shown += panel.panel;
-    if (Find(menu, "Label1")->isVisible()) shown += ":" + Text(menu, "Label1");
+    if (Find(menu, "lblMenu")->isVisible()) shown += ":" + Text(menu, "lblMenu");
     return shown;
   }
 

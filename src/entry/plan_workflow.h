@@ -1,5 +1,5 @@
-// The road of a plan from the checklist's OK through data entry to the files. It decides; what is seen on the way is handed
-// in, so that it can be walked without a window.
+// The workflow of a plan from the checklist's OK through data entry to the files. It decides; what is seen on the way is handed
+// in, so that it can run without a window.
 #pragma once
 
 #include <functional>
@@ -9,8 +9,8 @@
 
 namespace norvale {
 
-/// What the road shows. Each returns when its window has closed.
-struct RoadWindows {
+/// What the workflow shows. Each returns when its window has closed.
+struct WorkflowWindows {
   /// The preliminary measurements of a new plan. False: cancelled.
   std::function<bool(PlanForm& form)> measure;
 
@@ -25,18 +25,18 @@ struct RoadWindows {
   std::function<bool()> nameCopy;
 };
 
-enum class RoadEnd {
+enum class WorkflowEnd {
   StaysOnChecklist,  // nothing has happened, or an opened plan has been left: the form shows it as it is on file
   ClosesChecklist,
 };
 
 /// From the checklist's OK, which `AcceptChecklist` has taken, to the end. Throws FileError only before data entry opens;
 /// later the operator is told and is back in data entry, with all that he typed.
-RoadEnd TakePlanRoad(Program& program, ChecklistForm& checklist, const RoadWindows& windows);
+WorkflowEnd RunPlanWorkflow(Program& program, ChecklistForm& checklist, const WorkflowWindows& windows);
 
 /// Goes on with a draft: straight into data entry. The session is where `PlaceDraft` has put it. A new plan whose number
 /// somebody has used meanwhile gets a number of its own when it is saved.
-RoadEnd ResumePlanRoad(Program& program, ChecklistForm& checklist, const PlanDraft& draft, const RoadWindows& windows);
+WorkflowEnd ResumePlanWorkflow(Program& program, ChecklistForm& checklist, const PlanDraft& draft, const WorkflowWindows& windows);
 
 /// The checklist of a draft's plan.
 ChecklistForm ChecklistOfDraft(Program& program, const PlanDraft& draft);

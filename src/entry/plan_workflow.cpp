@@ -1,4 +1,4 @@
-#include "entry/plan_road.h"
+#include "entry/plan_workflow.h"
 
 #include "data/estimate_file.h"
 #include "entry/plan_form.h"
@@ -29,9 +29,10 @@ EstimateRecord ReadOnFile(Program& program) {
 }
 
 // One plan in data entry, until it is saved or given up.
-class Road {
+class Workflow {
  public:
-  Road(Program& program, ChecklistForm& checklist, const RoadWindows& windows, PlanForm& form, const EstimateRecord& onFile, bool isResumed)
+  Workflow(Program& program, ChecklistForm& checklist, const WorkflowWindows& windows, PlanForm& form, const EstimateRecord& onFile,
+           bool isResumed)
       : program_(program),
         session_(program.session),
         checklist_(checklist),
@@ -40,11 +41,11 @@ class Road {
         onFile_(onFile),
         isResumed_(isResumed) {}
 
-  RoadEnd Walk(bool isPlanChanged) {
+  WorkflowEnd Run(bool isPlanChanged) {
     Keep(form_.mode);
     for (;;) {
       const bool isOver = windows_.enterPlan(form_, isPlanChanged, [this] { Keep(form_.mode); });
-      const RoadEnd end = isOver ? Leave() : RoadEnd::ClosesChecklist;
+      const WorkflowEnd end = isOver ? Leave() : WorkflowEnd::ClosesChecklist;
       if (isOver || Append()) {
         Try(program_.messages, [this] { RemoveDraft(program_.folder); });
         return end;
@@ -70,10 +71,10 @@ class Road {
     }
   }
 
-  RoadEnd Leave() {
-    if (!IsOpened(form_.mode) || checklist_.entry.checks.isEnabled) return RoadEnd::ClosesChecklist;
+  WorkflowEnd Leave() {
+    if (!IsOpened(form_.mode) || checklist_.entry.checks.isEnabled) return WorkflowEnd::ClosesChecklist;
     const bool isShown = Try(program_.messages, [this] { StepPlan(program_, checklist_, 0); });
-    return isShown ? RoadEnd::StaysOnChecklist : RoadEnd::ClosesChecklist;
+    return isShown ? WorkflowEnd::StaysOnChecklist : WorkflowEnd::ClosesChecklist;
   }
 
   // Puts the plan beside those on file. Where that comes to nothing, checklist and record are as they were.
@@ -135,7 +136,7 @@ class Road {
   Program& program_;
   Session& session_;
   ChecklistForm& checklist_;
-  const RoadWindows& windows_;
+  const WorkflowWindows& windows_;
   PlanForm& form_;
   EstimateRecord onFile_;
   bool isResumed_;
@@ -144,14 +145,14 @@ class Road {
 
 }  // namespace
 
-RoadEnd TakePlanRoad(Program& program, ChecklistForm& checklist, const RoadWindows& windows) {
+WorkflowEnd RunPlanWorkflow(Program& program, ChecklistForm& checklist, const WorkflowWindows& windows) {
   Session& session = program.session;
   const bool isNew = checklist.purpose == ChecklistPurpose::NewPlan;
   const EstimateRecord onFile = isNew ? BlankPlan() : ReadOnFile(program);
   const auto files = LoadScreenFiles(program);
   if (!files) {
     session.CurrentEstimate = onFile;
-    return RoadEnd::StaysOnChecklist;
+    return WorkflowEnd::StaysOnChecklist;
   }
   const bool isHeadChanged = ChecklistOf(session.CurrentEstimate) != ChecklistOf(onFile);
   PlanForm form = OpenPlanForm(isNew ? PlanMode::New : PlanMode::Existing, checklist.isTypeChanging, session.CurrentEstimate, files->lines,
@@ -159,16 +160,16 @@ RoadEnd TakePlanRoad(Program& program, ChecklistForm& checklist, const RoadWindo
   if (isNew && checklist.entry.checks.Has(PlanCheck::chkwhvinyl)) ChooseWholeHouseVinyl(form);
   if (isNew && !windows.measure(form)) {
     session.CurrentEstimate = onFile;
-    return RoadEnd::StaysOnChecklist;
+    return WorkflowEnd::StaysOnChecklist;
   }
-  return Road(program, checklist, windows, form, onFile, false).Walk(checklist.isPlanChanged || isHeadChanged);
+  return Workflow(program, checklist, windows, form, onFile, false).Run(checklist.isPlanChanged || isHeadChanged);
 }
 
-RoadEnd ResumePlanRoad(Program& program, ChecklistForm& checklist, const PlanDraft& draft, const RoadWindows& windows) {
+WorkflowEnd ResumePlanWorkflow(Program& program, ChecklistForm& checklist, const PlanDraft& draft, const WorkflowWindows& windows) {
   const auto files = LoadScreenFiles(program);
-  if (!files) return RoadEnd::ClosesChecklist;
+  if (!files) return WorkflowEnd::ClosesChecklist;
   PlanForm form = FormOfDraft(draft, program.session.CurrentEstimate, files->lines, files->rows);
-  return Road(program, checklist, windows, form, draft.onFile, true).Walk(true);
+  return Workflow(program, checklist, windows, form, draft.onFile, true).Run(true);
 }
 
 ChecklistForm ChecklistOfDraft(Program& program, const PlanDraft& draft) {
