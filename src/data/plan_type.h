@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace norvale {
 
@@ -25,6 +26,9 @@ inline constexpr int kTwoLevel = kTwoLevelSlab | kTwoLevelCrawl;
 inline constexpr int kSlab = kOneStorySlab | kTwoLevelSlab;
 inline constexpr int kCrawlSpace = kOneStoryCrawl | kTwoLevelCrawl;
 inline constexpr int kHalfStory = kFieldFramedHalfStory | kAtticTrussHalfStory;
+
+/// The text by which a plan says that the inside of its slab building is listed too.
+inline constexpr std::string_view kFinishedInterior = "FINISHED";
 
 /// The one-line text of a plan, such as "2S Slab W/ Att Garage, Porch(s)". With more than one foundation bit the lowest
 /// counts; a type without any begins with its additions.

@@ -15,7 +15,6 @@ namespace norvale {
 namespace {
 
 constexpr std::size_t kRecordTextWidth = 20;  // a row's text may be longer; the record keeps its beginning
-constexpr std::string_view kFinished = "FINISHED";
 
 // The stocks of the five rows, in feet.
 constexpr std::array<int, 5> kStockLengths = {8, 10, 12, 14, 16};
@@ -101,7 +100,7 @@ void LoadPlanIntoForm(PlanForm& form, PlanMode mode, const EstimateRecord& plan,
     for (const SelectionList list : kAllSelectionLists) LoadChoice(form.lists[list], RowOf(list), plan);
     // The interior has no row in the record; its one known text stands for the first row, whatever that is called.
     ListState& interior = form.lists[SelectionList::SlabInterior];
-    if (plan.SlabInterior.Trimmed() == kFinished && !interior.rows.empty()) interior.ListIndex = 0, interior.unlistedText.clear();
+    if (plan.SlabInterior.Trimmed() == kFinishedInterior && !interior.rows.empty()) interior.ListIndex = 0, interior.unlistedText.clear();
   }
   form.isLoading = wasLoading;
   form.mark = ChangeMark::None;

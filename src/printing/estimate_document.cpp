@@ -1,4 +1,5 @@
 #include "printing/estimate_document.h"
+#include "takeoff/sections.h"
 
 #include <algorithm>
 

@@ -14,6 +14,7 @@
 #include "desktop/frm_text.h"
 #include "printing/estimate_document.h"
 #include "printing/print_selection.h"
+#include "takeoff/sections.h"
 
 namespace norvale {
 

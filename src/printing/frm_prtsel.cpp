@@ -195,18 +195,17 @@ QWidget* frmPrtSel::MakePrintSelect(const PrintBoxes& boxes) {
   auto* const frame = new QGroupBox(QStringLiteral(" &Sub-Systems to Print "), this);
   frame->setObjectName(QStringLiteral("FraPrintSelect"));
   auto* const column = new QVBoxLayout(frame);
-  for (const PrintBox which : kPrintBoxesOnScreen) {
-    const auto index = static_cast<std::size_t>(which);
-    auto* const box = new QCheckBox(Shown(CaptionOf(which)), frame);
-    box->setObjectName(InArray("chkPrtSel", index));
+  for (const std::size_t which : kPrintBoxesOnScreen) {
+    auto* const box = new QCheckBox(Shown(CaptionOfPrintBox(which)), frame);
+    box->setObjectName(InArray("chkPrtSel", which));
     box->setAccessibleName(QString(box->text()).replace(QLatin1String("&&"), QLatin1String("&")));
-    box->setEnabled(boxes.IsEnabled(which));
-    box->setChecked(boxes.Has(which));
+    box->setEnabled(boxes.enabled[which]);
+    box->setChecked(boxes.ticked[which]);
     LeaveEnterToDefault(box);
     connect(box, &QCheckBox::toggled, this, &frmPrtSel::ShowUnpriced);
-    if (which == PrintBox::Pricing) column->addSpacing(fontMetrics().height() / 2);
+    if (which == kPricingBox) column->addSpacing(fontMetrics().height() / 2);
     column->addWidget(box);
-    chkPrtSel_[index] = box;
+    chkPrtSel_[which] = box;
   }
   return frame;
 }
@@ -310,8 +309,8 @@ void frmPrtSel::showEvent(QShowEvent* event) {
   QWidget* first = optCustAll_;
   if (kind_ == PrintKind::Worksheet) first = chkPlanDesc_.front();
   if (kind_ == PrintKind::Estimate)
-    for (const PrintBox box : kPrintBoxesOnScreen)
-      if (QCheckBox* const tick = chkPrtSel_[static_cast<std::size_t>(box)]; tick->isEnabled()) {
+    for (const std::size_t box : kPrintBoxesOnScreen)
+      if (QCheckBox* const tick = chkPrtSel_[box]; tick->isEnabled()) {
         first = tick;
         break;
       }
@@ -417,7 +416,7 @@ void frmPrtSel::ShowPlanDesc() {
 void frmPrtSel::ShowUnpriced() {
   if (kind_ != PrintKind::Estimate || lstUnpriced_ == nullptr || fraUnpriced_ == nullptr) return;
   lstUnpriced_->clear();
-  const bool isPriced = chkPrtSel_[static_cast<std::size_t>(PrintBox::Pricing)]->isChecked();
+  const bool isPriced = chkPrtSel_[kPricingBox]->isChecked();
   lstUnpriced_->setVisible(isPriced);
   if (!isPriced) {
     lblUnpriced_->setText(tr("The list goes out without prices."));

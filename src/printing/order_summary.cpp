@@ -10,31 +10,15 @@
 #include "base/text.h"
 #include "data/plan_type.h"
 #include "printing/page_writer.h"
+#include "takeoff/sections.h"
 
 namespace norvale {
 
 namespace {
 
-struct SectionCode {
-  std::string_view heading;
-  std::string_view code;
-};
-
-constexpr std::array<SectionCode, 9> kSectionCodes = {{
-    {"1st FLOOR - FLOOR SYSTEM", "1F"},
-    {"1st FLOOR - WALL SYSTEM", "1W"},
-    {"2nd FLOOR - FLOOR SYSTEM", "2F"},
-    {"2nd FLOOR - WALL SYSTEM", "2W"},
-    {"ROOF SYSTEM", "RF"},
-    {"EXTERIOR TRIM", "ET"},
-    {"FLOORING", "FL"},
-    {"SHEETROCK", "SR"},
-    {"INTERIOR TRIM", "IT"},
-}};
-
 std::string_view CodeOf(std::string_view heading) {
-  const auto found = std::ranges::find(kSectionCodes, heading, &SectionCode::heading);
-  return found == kSectionCodes.end() ? heading : found->code;
+  const Section* const section = FindSection(heading);
+  return section == nullptr ? heading : section->code;
 }
 
 // "Roll" and "rolls", "lft." and "Lft." are one unit.

@@ -5,6 +5,7 @@
 #include "printing/estimate_output.h"
 #include "printing/order_summary.h"
 #include "printing/price_list_print.h"
+#include "takeoff/sections.h"
 
 namespace norvale {
 

@@ -5,40 +5,14 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "data/plan_type.h"
-#include "takeoff/takeoff_run.h"
 
 namespace norvale {
 
 namespace {
 
-constexpr std::string_view kFinished = "FINISHED";
-
-// clang-format off
-struct BoxInfo {
-  std::string_view caption;
-  int bit;
-};
-constexpr std::array<BoxInfo, kPrintBoxes> kInfo = {{
-    {"1st floor - Floor System",                kFirstFloorFloorSystem},
-    {"1st floor - Wall System",                 kFirstFloorWallSystem},
-    {"2nd floor - Floor System",                kSecondFloorFloorSystem},
-    {"2nd floor - Wall System",                 kSecondFloorWallSystem},
-    {"Roof System",                             kRoofSystem},
-    {"Flooring",                                kFlooring},
-    {"Sheetrock",                               kSheetrock},
-    {"Interior Trim",                           kInteriorTrim},
-    {"exterior Trim",                           kExteriorTrim},
-    {"Specifications",                          kSpecifications},
-    {"Print pricing && extended Information",   kWithPrices},
-}};
-// clang-format on
-
-constexpr bool BitsFollowTheBoxes() {
-  for (std::size_t box = 0; box < kPrintBoxes; ++box)
-    if (kInfo[box].bit != 1 << box) return false;
-  return true;
-}
-static_assert(BitsFollowTheBoxes(), "the mask is the sum of 2 to the power of each box");
+constexpr std::string_view kSpecificationsCaption = "Specifications";
+constexpr std::string_view kPricingCaption = "Print pricing && extended Information";
+static_assert(BoxOfBit(kSpecifications) == kSpecificationsBox && BoxOfBit(kWithPrices) == kPricingBox);
 
 constexpr std::string_view kOutOfRange = "0 Valid Values range from 1 to 32767,  Please re-Enter a Valid Value|";
 constexpr std::string_view kBelowFrom =
@@ -53,47 +27,55 @@ bool IsLast(std::string_view text) { return UpperCase(Trim(text)) == kLast; }
 
 }  // namespace
 
-std::string_view CaptionOf(PrintBox box) { return kInfo[static_cast<std::size_t>(box)].caption; }
+std::string_view CaptionOfPrintBox(std::size_t box) {
+  const auto* const section = std::ranges::find(kSections, 1 << box, &Section::bit);
+  if (section != std::end(kSections)) return section->caption;
+  return box == kSpecificationsBox ? kSpecificationsCaption : kPricingCaption;
+}
 
 PlanParts PartsOf(const EstimateRecord& plan) {
-  return {.PlanType = plan.PlanType, .isFinished = plan.SlabInterior.Trimmed() == kFinished, .hasUpperFloor = plan.SecondFloorType != 1};
+  return {.PlanType = plan.PlanType,
+          .isFinished = plan.SlabInterior.Trimmed() == kFinishedInterior,
+          .hasUpperFloor = plan.SecondFloorType != 1};
 }
 
 // By the text of the inside's row, not by its place in the list: the run goes by the text too, and what is ticked must print.
 PlanParts PartsOf(const PlanForm& form) {
   return {.PlanType = form.PlanType,
-          .isFinished = Trim(ShownText(form.lists[SelectionList::SlabInterior])) == kFinished,
+          .isFinished = Trim(ShownText(form.lists[SelectionList::SlabInterior])) == kFinishedInterior,
           .hasUpperFloor = form.lists[SelectionList::SecondFloorType].ListIndex != 0};
 }
 
 PrintBoxes BoxesOf(const PlanParts& parts) {
   const bool slab = (parts.PlanType & kSlab) != 0;
+  const bool interior = !slab || parts.isFinished;
+  const auto has = [&](HousePart part) {
+    switch (part) {
+      case HousePart::FramedFloor:
+        return !slab;
+      case HousePart::SecondFloor:
+        return (parts.PlanType & kTwoLevel) != 0;
+      case HousePart::Interior:
+        return interior;
+      case HousePart::CoveredFloor:
+        return interior && (parts.hasUpperFloor || (parts.PlanType & kCrawlSpace) != 0);
+      case HousePart::Always:
+        break;
+    }
+    return true;
+  };
   PrintBoxes boxes;
   boxes.enabled.fill(true);
-  boxes.ticked.fill(true);
-  boxes.ticked[static_cast<std::size_t>(PrintBox::Pricing)] = false;
-  const auto shut = [&boxes](PrintBox box) {
-    boxes.enabled[static_cast<std::size_t>(box)] = false;
-    boxes.ticked[static_cast<std::size_t>(box)] = false;
-  };
-  if (slab) shut(PrintBox::FirstFloorFloorSystem);
-  if ((parts.PlanType & (kTwoLevelSlab | kTwoLevelCrawl)) == 0) {
-    shut(PrintBox::SecondFloorFloorSystem);
-    shut(PrintBox::SecondFloorWallSystem);
-  }
-  if (slab && !parts.isFinished) {
-    shut(PrintBox::Flooring);
-    shut(PrintBox::Sheetrock);
-    shut(PrintBox::InteriorTrim);
-  }
-  if (!parts.hasUpperFloor && (parts.PlanType & kCrawlSpace) == 0) shut(PrintBox::Flooring);
+  for (const Section& section : kSections) boxes.enabled[BoxOfBit(section.bit)] = has(section.part);
+  boxes.ticked = boxes.enabled;
+  boxes.ticked[kPricingBox] = false;
   return boxes;
 }
 
 int PrintSections(const PrintBoxes& boxes) {
   int mask = 0;
   for (std::size_t box = 0; box < kPrintBoxes; ++box)
-    if (boxes.ticked[box]) mask += kInfo[box].bit;
+    if (boxes.ticked[box]) mask += 1 << box;
   return mask;
 }
 

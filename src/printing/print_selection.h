@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -12,6 +13,7 @@
 #include "entry/checklist.h"
 #include "entry/form_fields.h"
 #include "printing/lists.h"
+#include "takeoff/sections.h"
 
 namespace norvale {
 
@@ -19,37 +21,27 @@ enum class PrintKind { CustomerList, EstimateList, Estimate, Worksheet };
 
 // --- The parts of an estimate
 
-/// The boxes in the order of their bits in the section mask.
-enum class PrintBox : std::size_t {
-  FirstFloorFloorSystem,
-  FirstFloorWallSystem,
-  SecondFloorFloorSystem,
-  SecondFloorWallSystem,
-  RoofSystem,
-  Flooring,
-  Sheetrock,
-  InteriorTrim,
-  ExteriorTrim,
-  Specifications,
-  Pricing,
-};
-inline constexpr std::size_t kPrintBoxes = 11;
+/// The boxes in the order of their bits in the section mask: first those of the sections.
+inline constexpr std::size_t kSpecificationsBox = std::size(kSections);
+inline constexpr std::size_t kPricingBox = kSpecificationsBox + 1;
+inline constexpr std::size_t kPrintBoxes = kPricingBox + 1;
+
+/// The box of a bit of the mask.
+constexpr std::size_t BoxOfBit(int bit) { return static_cast<std::size_t>(std::countr_zero(static_cast<unsigned>(bit))); }
 
 /// The boxes as they stand on the screen, from the top: in the order in which their parts are printed.
-inline constexpr std::array<PrintBox, kPrintBoxes> kPrintBoxesOnScreen = {PrintBox::FirstFloorFloorSystem,
-                                                                          PrintBox::FirstFloorWallSystem,
-                                                                          PrintBox::SecondFloorFloorSystem,
-                                                                          PrintBox::SecondFloorWallSystem,
-                                                                          PrintBox::RoofSystem,
-                                                                          PrintBox::ExteriorTrim,
-                                                                          PrintBox::Flooring,
-                                                                          PrintBox::Sheetrock,
-                                                                          PrintBox::InteriorTrim,
-                                                                          PrintBox::Specifications,
-                                                                          PrintBox::Pricing};
+constexpr std::array<std::size_t, kPrintBoxes> BoxesOnScreen() {
+  std::array<std::size_t, kPrintBoxes> boxes{};
+  std::size_t place = 0;
+  for (const Section& section : kSections) boxes[place++] = BoxOfBit(section.bit);
+  boxes[place++] = kSpecificationsBox;
+  boxes[place] = kPricingBox;
+  return boxes;
+}
+inline constexpr std::array<std::size_t, kPrintBoxes> kPrintBoxesOnScreen = BoxesOnScreen();
 
 /// As on a button: "&&" is one "&" in sight.
-std::string_view CaptionOf(PrintBox box);
+std::string_view CaptionOfPrintBox(std::size_t box);
 
 /// What of a plan decides which parts it has.
 struct PlanParts {
@@ -64,8 +56,6 @@ struct PrintBoxes {
   std::array<bool, kPrintBoxes> enabled{};
   std::array<bool, kPrintBoxes> ticked{};
 
-  [[nodiscard]] bool IsEnabled(PrintBox box) const { return enabled[static_cast<std::size_t>(box)]; }
-  [[nodiscard]] bool Has(PrintBox box) const { return ticked[static_cast<std::size_t>(box)]; }
   bool operator==(const PrintBoxes&) const = default;
 };
 

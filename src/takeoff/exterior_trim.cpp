@@ -8,8 +8,6 @@ namespace norvale {
 
 namespace {
 
-constexpr std::string_view kHeading = "EXTERIOR TRIM";
-
 // Wall finishes. Any other one brings no siding of its own.
 constexpr int kBrick = 1;
 constexpr int kPanelSiding = 2;
@@ -198,23 +196,19 @@ void VinylSiding(TakeoffRun& run, const Stock& stock) {
 
 }  // namespace
 
-void PrintExteriorTrim(TakeoffRun& run) {
-  if ((run.sectionMask & kExteriorTrim) != 0) {
-    const Stock stock(run.plan);
-    const int finish = run.plan.WallFinishIndex;
-    BeginSection(run, kHeading, 34);
-    BlockingAndFascia(run, stock);
-    if (finish == kBrick) BrickTrim(run, stock);
-    ChannelsOrMould(run, stock);
-    Soffit(run, stock);
-    if (!stock.Wrapped) PorchAndVents(run, stock);
-    if (finish == kPanelSiding) PanelSiding(run, stock);
-    if (finish == kLapSiding) LapSiding(run, stock);
-    if (finish == kPanelSiding || finish == kLapSiding) CornersAndFlashing(run, stock);
-    if (finish == kBrick && stock.Wrapped) BrickGableSiding(run, stock);
-    if (finish == kVinylSiding) VinylSiding(run, stock);
-  }
-  EndSection(run, kHeading);
+void ExteriorTrimRows(TakeoffRun& run) {
+  const Stock stock(run.plan);
+  const int finish = run.plan.WallFinishIndex;
+  BlockingAndFascia(run, stock);
+  if (finish == kBrick) BrickTrim(run, stock);
+  ChannelsOrMould(run, stock);
+  Soffit(run, stock);
+  if (!stock.Wrapped) PorchAndVents(run, stock);
+  if (finish == kPanelSiding) PanelSiding(run, stock);
+  if (finish == kLapSiding) LapSiding(run, stock);
+  if (finish == kPanelSiding || finish == kLapSiding) CornersAndFlashing(run, stock);
+  if (finish == kBrick && stock.Wrapped) BrickGableSiding(run, stock);
+  if (finish == kVinylSiding) VinylSiding(run, stock);
 }
 
 }  // namespace norvale

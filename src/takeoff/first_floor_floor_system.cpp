@@ -9,8 +9,6 @@ namespace norvale {
 
 namespace {
 
-constexpr std::string_view kHeading = "1st FLOOR - FLOOR SYSTEM";
-
 struct Stock {
   explicit Stock(const EstimateRecord& plan)
       : grade(plan.FramingGrade.Trimmed()),
@@ -134,23 +132,18 @@ void Nails(TakeoffRun& run) {
 
 }  // namespace
 
-void PrintFirstFloorFloorSystem(TakeoffRun& run) {
+void FirstFloorFloorRows(TakeoffRun& run) {
   const EstimateRecord& plan = run.plan;
-  const bool slab = (plan.PlanType & kSlab) != 0;
-  if ((run.sectionMask & kFirstFloorFloorSystem) != 0 && !slab) {
-    const Stock stock(plan);
-    BeginSection(run, kHeading, 29);
-    const bool crawlSpace = (plan.PlanType & kCrawlSpace) != 0;
-    if (crawlSpace && plan.FoundationType == 1) FoundationWall(run, stock);
-    if (crawlSpace && plan.FoundationType == 2) PierAndCurtain(run, stock);
-    if (plan.GirderPly > 1) Girders(run, stock);
-    if (plan.DropGirderPly != 1) DropGirders(run, stock);
-    if (IsIJoist(stock.joist)) IJoistBand(run, stock);
-    Joists(run, stock);
-    Sheathing(run, stock);
-    Nails(run);
-  }
-  EndSection(run, kHeading);
+  const Stock stock(plan);
+  const bool crawlSpace = (plan.PlanType & kCrawlSpace) != 0;
+  if (crawlSpace && plan.FoundationType == 1) FoundationWall(run, stock);
+  if (crawlSpace && plan.FoundationType == 2) PierAndCurtain(run, stock);
+  if (plan.GirderPly > 1) Girders(run, stock);
+  if (plan.DropGirderPly != 1) DropGirders(run, stock);
+  if (IsIJoist(stock.joist)) IJoistBand(run, stock);
+  Joists(run, stock);
+  Sheathing(run, stock);
+  Nails(run);
 }
 
 }  // namespace norvale

@@ -13,8 +13,6 @@ namespace norvale {
 
 namespace {
 
-constexpr std::string_view kHeading = "1st FLOOR - WALL SYSTEM";
-
 // Wall height in feet by the stud's length.
 int StudHeightOf(std::string_view studs) {
   if (Has(studs, "93") || Has(studs, "92")) return 8;
@@ -185,24 +183,20 @@ void SlabNails(TakeoffRun& run) {
 
 }  // namespace
 
-void PrintFirstFloorWallSystem(TakeoffRun& run) {
+void FirstFloorWallRows(TakeoffRun& run) {
   const EstimateRecord& plan = run.plan;
-  if ((run.sectionMask & kFirstFloorWallSystem) != 0) {
-    const Stock stock(plan);
-    const bool slab = (plan.PlanType & kSlab) != 0;
-    BeginSection(run, kHeading, 29);
-    VaporBarrier(run);
-    if (slab)
-      SlabWalls(run, stock);
-    else
-      CrawlSpaceWalls(run, stock);
-    Bracing(run, stock);
-    HeadersAndBeams(run, stock);
-    Sheathing(run, stock);
-    if (plan.GarageOrStorageIndex != 2) Garage(run, stock, slab);
-    if (slab) SlabNails(run);
-  }
-  EndSection(run, kHeading);
+  const Stock stock(plan);
+  const bool slab = (plan.PlanType & kSlab) != 0;
+  VaporBarrier(run);
+  if (slab)
+    SlabWalls(run, stock);
+  else
+    CrawlSpaceWalls(run, stock);
+  Bracing(run, stock);
+  HeadersAndBeams(run, stock);
+  Sheathing(run, stock);
+  if (plan.GarageOrStorageIndex != 2) Garage(run, stock, slab);
+  if (slab) SlabNails(run);
 }
 
 }  // namespace norvale

@@ -7,8 +7,6 @@ namespace norvale {
 
 namespace {
 
-constexpr std::string_view kHeading = "FLOORING";
-
 // clang-format off
 
 // Under a nailed subfloor. The same board has another label where the first floor is framed too.
@@ -38,16 +36,11 @@ void UnderlaymentAndOak(TakeoffRun& run, int FloorLevels) {
 
 }  // namespace
 
-void PrintFlooring(TakeoffRun& run) {
+void FlooringRows(TakeoffRun& run) {
   const EstimateRecord& plan = run.plan;
-  // On a slab only the upper floor is covered, and a one-story slab has none.
   const int FloorLevels = (plan.PlanType & kSlab) != 0 ? 1 : 2;
-  if ((run.sectionMask & kFlooring) != 0 && !(FloorLevels == 1 && plan.SecondFloorType == 1)) {
-    BeginSection(run, kHeading, 29);
-    if (plan.FloorSheathingIndex <= 2) FeltAndParticleboard(run, FloorLevels);
-    UnderlaymentAndOak(run, FloorLevels);
-  }
-  EndSection(run, kHeading);
+  if (plan.FloorSheathingIndex <= 2) FeltAndParticleboard(run, FloorLevels);
+  UnderlaymentAndOak(run, FloorLevels);
 }
 
 }  // namespace norvale

@@ -1,14 +1,11 @@
 #include "takeoff/print_estimate.h"
 
 #include "base/numbers.h"
-#include "data/plan_type.h"
 #include "takeoff/sections.h"
 
 namespace norvale {
 
 namespace {
-
-constexpr std::string_view kFinished = "FINISHED";
 
 void PrintGrandTotal(TakeoffRun& run) {
   constexpr std::size_t kFigures = 11;
@@ -47,20 +44,7 @@ EstimateTotals PrintEstimate(const EstimatePrint& print, const TakeoffData& data
     page.PrintLine(" ITEMIZED LIST OF LUMBER & BUILDING SUPPLY MATERIALS");
     AdvanceLine(run);
   }
-  PrintFirstFloorFloorSystem(run);
-  PrintFirstFloorWallSystem(run);
-  if (run.plan.SecondFloorType == 2) {
-    PrintSecondFloorFloorSystem(run);
-    PrintSecondFloorWallSystem(run);
-  }
-  PrintRoofSystem(run);
-  PrintExteriorTrim(run);
-  // The inside of a slab building is listed only where it is to be finished.
-  if (run.plan.SlabInterior.Trimmed() == kFinished || (run.plan.PlanType & kSlab) == 0) {
-    PrintFlooring(run);
-    PrintSheetrock(run);
-    PrintInteriorTrim(run);
-  }
+  for (const Section& section : kSections) PrintSection(run, section);
   if (run.GrandTotal > 0 && run.PrintPrices()) PrintGrandTotal(run);
   PrintFootnote(run);
   page.NewPage();

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "takeoff/takeoff_run.h"
+#include "takeoff/sections.h"
 
 namespace norvale {
 

@@ -12,8 +12,6 @@ namespace norvale {
 
 namespace {
 
-constexpr std::string_view kHeading = "ROOF SYSTEM";
-
 constexpr std::size_t kGrades = 4;
 constexpr std::size_t kRafterSizes = 4;     // 2X6, 2X8, 2X10, 2X12
 constexpr std::size_t kHipLengths = 31;     // 8 to 68 feet
@@ -229,23 +227,19 @@ void SheathingAndCover(TakeoffRun& run, const Stock& stock) {
 
 }  // namespace
 
-void PrintRoofSystem(TakeoffRun& run) {
-  if ((run.sectionMask & kRoofSystem) != 0) {
-    const Stock stock(run.plan);
-    BeginSection(run, kHeading, 35);
-    GableSheathing(run, stock);
-    const bool StickFramed = CeilingJoists(run, stock);
-    double BraceFeet = 0;
-    if (StickFramed) {
-      const RoofTables tables = SumUp(run.plan);
-      BraceFeet = tables.BraceFeet;
-      StickFraming(run, stock, tables);
-    }
-    RoofBracing(run, stock, StickFramed, BraceFeet);
-    BandAndBarges(run, stock);
-    SheathingAndCover(run, stock);
+void RoofRows(TakeoffRun& run) {
+  const Stock stock(run.plan);
+  GableSheathing(run, stock);
+  const bool StickFramed = CeilingJoists(run, stock);
+  double BraceFeet = 0;
+  if (StickFramed) {
+    const RoofTables tables = SumUp(run.plan);
+    BraceFeet = tables.BraceFeet;
+    StickFraming(run, stock, tables);
   }
-  EndSection(run, kHeading);
+  RoofBracing(run, stock, StickFramed, BraceFeet);
+  BandAndBarges(run, stock);
+  SheathingAndCover(run, stock);
 }
 
 }  // namespace norvale

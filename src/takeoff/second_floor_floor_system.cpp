@@ -9,8 +9,6 @@ namespace norvale {
 
 namespace {
 
-constexpr std::string_view kHeading = "2nd FLOOR - FLOOR SYSTEM";
-
 struct Stock {
   explicit Stock(const EstimateRecord& plan)
       : grade(plan.FramingGrade.Trimmed()),
@@ -84,24 +82,20 @@ void SheathingAndNails(TakeoffRun& run, const Stock& stock) {
 
 }  // namespace
 
-void PrintSecondFloorFloorSystem(TakeoffRun& run) {
+void SecondFloorFloorRows(TakeoffRun& run) {
   const EstimateRecord& plan = run.plan;
-  if ((run.sectionMask & kSecondFloorFloorSystem) != 0) {
-    const Stock stock(plan);
-    BeginSection(run, kHeading, 29);
-    StairStringers(run, stock);
-    if (plan.SecondFloorFramed != 2) {
-      if (IsIJoist(stock.joist))
-        IJoistBand(run, stock);
-      else
-        SawnBand(run, stock);
-      Joists(run, stock);
-    } else if ((plan.PlanType & kHalfStory) <= kFieldFramedHalfStory) {
-      FloorTrusses(run, stock);
-    }
-    SheathingAndNails(run, stock);
+  const Stock stock(plan);
+  StairStringers(run, stock);
+  if (plan.SecondFloorFramed != 2) {
+    if (IsIJoist(stock.joist))
+      IJoistBand(run, stock);
+    else
+      SawnBand(run, stock);
+    Joists(run, stock);
+  } else if ((plan.PlanType & kHalfStory) <= kFieldFramedHalfStory) {
+    FloorTrusses(run, stock);
   }
-  EndSection(run, kHeading);
+  SheathingAndNails(run, stock);
 }
 
 }  // namespace norvale

@@ -8,8 +8,6 @@ namespace norvale {
 
 namespace {
 
-constexpr std::string_view kHeading = "2nd FLOOR - WALL SYSTEM";
-
 std::string_view StudLengthOf(std::string_view studs) {
   if (Has(studs, "93")) return "-93 INCH";
   if (Has(studs, "92")) return "-92 5/8 INCH";
@@ -82,15 +80,11 @@ void Sheathing(TakeoffRun& run, const Stock& stock) {
 
 }  // namespace
 
-void PrintSecondFloorWallSystem(TakeoffRun& run) {
-  if ((run.sectionMask & kSecondFloorWallSystem) != 0) {
-    const Stock stock(run.plan);
-    BeginSection(run, kHeading, 30);
-    StudsAndPlates(run, stock);
-    Bracing(run, stock);
-    Sheathing(run, stock);
-  }
-  EndSection(run, kHeading);
+void SecondFloorWallRows(TakeoffRun& run) {
+  const Stock stock(run.plan);
+  StudsAndPlates(run, stock);
+  Bracing(run, stock);
+  Sheathing(run, stock);
 }
 
 }  // namespace norvale

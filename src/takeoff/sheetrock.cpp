@@ -6,8 +6,6 @@ namespace norvale {
 
 namespace {
 
-constexpr std::string_view kHeading = "SHEETROCK";
-
 // Feet, by the row of the first floor's studs.
 int WallHeightOf(int studRow) {
   switch (studRow) {
@@ -33,27 +31,23 @@ int WallHeightOf(int studRow) {
 
 }  // namespace
 
-void PrintSheetrock(TakeoffRun& run) {
+void SheetrockRows(TakeoffRun& run) {
   const EstimateRecord& plan = run.plan;
-  if ((run.sectionMask & kSheetrock) != 0) {
-    const int WallHeight = WallHeightOf(plan.PreCutStudsIndex);
-    // Interior walls have two faces; the ceiling is the heated area.
-    const double BoardArea = plan.HeatedSqFtFirstFloor + plan.IntWallLftFirstFloor * 2 * WallHeight + plan.ExtWallLftFirstFloor * WallHeight;
-    const int upperStuds = plan.PreCutStudsSecondFloorIndex;
-    const bool shortUpperStuds = upperStuds == 1 || upperStuds == 2 || upperStuds == 5 || upperStuds == 6;
-    const bool longUpperStuds = upperStuds == 3 || upperStuds == 4 || upperStuds == 7 || upperStuds == 8;
-    BeginSection(run, kHeading, 29);
-    // clang-format off
-    Emit(run, {.quantity = Int(BoardArea * 1.05 / 48), .unit = "pcs.", .description = "1/2-4X12 SHEETROCK", .label = "(Wallboard)", .item = 85});
-    if (plan.SecondFloorType == 2 && shortUpperStuds)
-      Emit(run, {.quantity = Rnd(plan.HeatedSqFtSecondFloor * 3.75 / 48), .unit = "pcs.", .description = "1/2-4X12 SHEETROCK", .label = "(Wallboard-2fl.)", .item = 86});
-    if (plan.SecondFloorType == 2 && longUpperStuds)
-      Emit(run, {.quantity = Rnd(plan.HeatedSqFtSecondFloor * 4.1 / 48), .unit = "pcs.", .description = "1/2-4X12 SHEETROCK", .label = "(Wallboard-2fl.)", .item = 86});
-    if (plan.GarageOrStorageIndex != 2)
-      Emit(run, {.quantity = Rnd(plan.GarageSqFt * 2.75 / 48), .unit = "pcs.", .description = "1/2-4X12 SHEETROCK", .label = "(Wallboard-Garage)", .item = 87});
-    // clang-format on
-  }
-  EndSection(run, kHeading);
+  const int WallHeight = WallHeightOf(plan.PreCutStudsIndex);
+  // Interior walls have two faces; the ceiling is the heated area.
+  const double BoardArea = plan.HeatedSqFtFirstFloor + plan.IntWallLftFirstFloor * 2 * WallHeight + plan.ExtWallLftFirstFloor * WallHeight;
+  const int upperStuds = plan.PreCutStudsSecondFloorIndex;
+  const bool shortUpperStuds = upperStuds == 1 || upperStuds == 2 || upperStuds == 5 || upperStuds == 6;
+  const bool longUpperStuds = upperStuds == 3 || upperStuds == 4 || upperStuds == 7 || upperStuds == 8;
+  // clang-format off
+  Emit(run, {.quantity = Int(BoardArea * 1.05 / 48), .unit = "pcs.", .description = "1/2-4X12 SHEETROCK", .label = "(Wallboard)", .item = 85});
+  if (plan.SecondFloorType == 2 && shortUpperStuds)
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtSecondFloor * 3.75 / 48), .unit = "pcs.", .description = "1/2-4X12 SHEETROCK", .label = "(Wallboard-2fl.)", .item = 86});
+  if (plan.SecondFloorType == 2 && longUpperStuds)
+    Emit(run, {.quantity = Rnd(plan.HeatedSqFtSecondFloor * 4.1 / 48), .unit = "pcs.", .description = "1/2-4X12 SHEETROCK", .label = "(Wallboard-2fl.)", .item = 86});
+  if (plan.GarageOrStorageIndex != 2)
+    Emit(run, {.quantity = Rnd(plan.GarageSqFt * 2.75 / 48), .unit = "pcs.", .description = "1/2-4X12 SHEETROCK", .label = "(Wallboard-Garage)", .item = 87});
+  // clang-format on
 }
 
 }  // namespace norvale

@@ -16,21 +16,6 @@
 
 namespace norvale {
 
-// The section mask: which parts of the list are wanted.
-inline constexpr int kFirstFloorFloorSystem = 1;
-inline constexpr int kFirstFloorWallSystem = 2;
-inline constexpr int kSecondFloorFloorSystem = 4;
-inline constexpr int kSecondFloorWallSystem = 8;
-inline constexpr int kRoofSystem = 16;
-inline constexpr int kFlooring = 32;
-inline constexpr int kSheetrock = 64;
-inline constexpr int kInteriorTrim = 128;
-inline constexpr int kExteriorTrim = 256;
-inline constexpr int kSpecifications = 512;
-inline constexpr int kWithPrices = 1024;
-inline constexpr int kAllSections = 511;
-inline constexpr int kWholeMask = 2047;
-
 /// An item number of no row: no waste factor and no mark.
 inline constexpr int kNoItem = -1;
 
@@ -80,7 +65,7 @@ struct TakeoffRun {
   const WasteFactors& waste;
   const std::vector<MaterialRow>& lists;
   const PriceList* prices;  // null: a run without prices
-  int sectionMask;
+  int sectionMask;  // a sum of the bits of sections.h
   Page& page;
 
   // Who prints, and for whom; the header needs them.

@@ -15,6 +15,7 @@
 #include "printing/price_list_print.h"
 #include "printing/print_selection.h"
 #include "printing/worksheet.h"
+#include "takeoff/sections.h"
 #include "tool/commands.h"
 
 namespace norvale {

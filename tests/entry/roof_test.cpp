@@ -11,6 +11,7 @@
 #include "entry/entry_form.h"
 #include "entry/number_entry.h"
 #include "takeoff/print_estimate.h"
+#include "takeoff/sections.h"
 
 namespace norvale {
 namespace {
@@ -95,7 +96,7 @@ TEST(RoofNotes, TellWhatTheEstimateLeavesOut) {
   const TakeoffData data;
   EstimatePrint print;
   print.plan.CeilingJoistLft2X6[0] = 8;
-  print.sectionMask = kRoofSystem;
+  print.sectionMask = FindSection("ROOF SYSTEM")->bit;
   int left = 0;
   for (int type = 1; type <= kRoofTypes; ++type)
     for (std::uint8_t pitch = 0; pitch < 10; ++pitch)

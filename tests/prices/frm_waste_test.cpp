@@ -9,6 +9,7 @@
 #include "prices/delivered.h"
 #include "prices/frm_mat_default.h"
 #include "takeoff/print_estimate.h"
+#include "takeoff/sections.h"
 
 namespace norvale {
 namespace {
@@ -126,7 +127,7 @@ TEST_F(frmWasteTest, RestoreWritesNothingUntilItIsStored) {
 std::string PrintedRafters(const std::filesystem::path& folder) {
   EstimatePrint print;
   print.date = "01-02-2026";
-  print.sectionMask = kRoofSystem;
+  print.sectionMask = FindSection("ROOF SYSTEM")->bit;
   print.plan.PlanType = 4;
   print.plan.CeilingJoistLft2X6[0] = 40;  // stick-framed
   print.plan.RoofPlanes[0] = {

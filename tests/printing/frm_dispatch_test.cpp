@@ -107,7 +107,7 @@ TEST_F(PrintDispatchTest, EachBoxAlonePrintsThePartOfItsCaption) {
   session.CurrentEstimate = NewPlan(8 + 16 + 128);
   Measure(session.CurrentEstimate);
   std::set<std::string> captions;
-  for (const PrintBox box : kPrintBoxesOnScreen) captions.insert(UpperCase(CaptionOf(box)));
+  for (const std::size_t box : kPrintBoxesOnScreen) captions.insert(UpperCase(CaptionOfPrintBox(box)));
   for (std::size_t alone = 0; alone < kPrintBoxes; ++alone) {
     std::string caption;
     printers.jobs.clear();
@@ -124,7 +124,7 @@ TEST_F(PrintDispatchTest, EachBoxAlonePrintsThePartOfItsCaption) {
     for (const PageText& page : printers.jobs[0].pages)
       for (const std::string& line : page)
         if (const std::string text = UpperCase(Trim(line)); captions.count(text) != 0) headings.insert(text);
-    if (alone == static_cast<std::size_t>(PrintBox::Pricing))
+    if (alone == kPricingBox)
       EXPECT_THAT(headings, IsEmpty());
     else
       EXPECT_THAT(headings, ElementsAre(caption));

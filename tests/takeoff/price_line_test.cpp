@@ -42,7 +42,7 @@ TEST(PriceLine, PriceAndExtensionAre32BitAndCutOnTheLeft) {
   };
   for (const Case& c : cases) {
     SectionRun section(Floor(), kAllSections, {Item("#15 FELT ROLL", c.price, "FELT15", "by the roll")});
-    PrintFlooring(section.run);
+    PrintRows(section.run, *FindSection("FLOORING"));
     const std::string wanted = At(69, At(50, At(25, "    FELT15", "by the roll"), c.shown), c.extended);
     const Texts lines = LinesOf(section.page.Text());
     ASSERT_GE(lines.size(), 4U);
@@ -80,12 +80,12 @@ TEST(PriceLine, TheFirstEntryOfTheKeyInThePlansLevel) {
     EstimateRecord plan = Floor();
     plan.PriceLevel.Assign(c.level);
     SectionRun section(plan, kAllSections, c.items);
-    PrintFlooring(section.run);
+    PrintRows(section.run, *FindSection("FLOORING"));
     EXPECT_EQ(section.run.GrandTotal, c.total) << c.name;
   }
   // A blank key finds a blank entry: the sheathing that a plan does not name.
   SectionRun blank(EstimateRecord{}, kAllSections, {Item("", "5")});
-  PrintFirstFloorFloorSystem(blank.run);
+  PrintRows(blank.run, *FindSection("1st FLOOR - FLOOR SYSTEM"));
   EXPECT_EQ(With("S-1", LinesOf(blank.page.Text())).size(), 1U);
 }
 
@@ -108,7 +108,7 @@ TEST(PriceLine, AWrappedFasciaIsPricedOnceMoreWhereItIsVinyl) {
     plan.ExteriorTrim.Assign(c.wrap);
     plan.FasciaBoard.Assign("1X6");
     SectionRun section(plan, kAllSections, c.items);
-    PrintExteriorTrim(section.run);
+    PrintRows(section.run, *FindSection("EXTERIOR TRIM"));
     Texts skus;
     for (const std::string& line : LinesOf(section.page.Text()))
       if (line.starts_with("    ") && line.size() == 78 && line[4] != ' ') skus.push_back(line.substr(4, line.find(' ', 4) - 4));

@@ -50,7 +50,7 @@ TEST(PrintRun, ThePageTurnsAbove55Lines) {
                         {"17 + 4 + 18 * 2 = 57 turns; later pages begin at 5", 60, "", {18, 26, 22}},
                         {"18 + 4 + 17 * 2 = 56 turns", 60, "Building B", {17, 26, 23}}};
   for (const Case& c : cases) {
-    PlanRun run(kRoofSystem, 1);
+    PlanRun run(FindSection("ROOF SYSTEM")->bit, 1);
     AddRoofRows(run, c.rafters);
     run.print.plan.RoofingIndex = 4;
     run.print.company.AddressLine2.Assign(c.secondAddressLine);
@@ -68,7 +68,7 @@ TEST(PrintRun, ThePageTurnsAbove55Lines) {
 }
 
 TEST(PrintRun, FootnotesStandOnThePagesThatHoldMarks) {
-  PlanRun run(kRoofSystem, 1);
+  PlanRun run(FindSection("ROOF SYSTEM")->bit, 1);
   AddRoofRows(run, 60);
   const auto footnotes = [&] {
     std::string found;
@@ -159,7 +159,7 @@ TEST(PrintRun, TotalsAreCarriedAndTheGrandTotalIsAboveZero) {
                         {"2", "-1", "      6.00", nullptr, nullptr},       {"0", "0", nullptr, nullptr, nullptr},
                         {"-85", "3", nullptr, nullptr, nullptr},           {"1", "20000", "      3.00", "700,000.00", ",700,003.00"}};
   for (const Case& c : cases) {
-    PlanRun run(kFlooring + kSheetrock + kWithPrices, 2);
+    PlanRun run(FindSection("FLOORING")->bit + FindSection("SHEETROCK")->bit + kWithPrices, 2);
     run.print.plan.SecondFloorType = 2;
     run.print.plan.HeatedSqFtSecondFloor = 1000;
     run.print.plan.PreCutStudsSecondFloorIndex = 3;

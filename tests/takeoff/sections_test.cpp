@@ -16,7 +16,7 @@ TEST(Sections, TheBandBlockHasItsOwnEmptyLines) {
     plan.FasciaLft = 200;
     plan.FasciaBoard.Assign(c.fascia);
     SectionRun section(plan);
-    section.Print(PrintRoofSystem);
+    section.Print("ROOF SYSTEM");
     std::string layout;
     bool inside = false;
     for (const std::string& line : LinesOf(section.page.Text())) {

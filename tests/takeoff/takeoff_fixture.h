@@ -10,12 +10,12 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "data/plan_type.h"
 #include "takeoff/print_estimate.h"
 #include "takeoff/sections.h"
 
 namespace norvale {
 
-using Section = void (*)(TakeoffRun&);
 using Edit = void (*)(EstimateRecord&);
 using Texts = std::vector<std::string>;
 
@@ -45,6 +45,18 @@ inline Texts With(std::string_view part, const Texts& rows) {
   return found;
 }
 
+/// Prints the rows of a section as if the plan had an upper floor and a finished inside, so that a table of rows need not say so.
+inline void PrintRows(TakeoffRun& run, const Section& section) {
+  EstimateRecord house = run.plan;
+  house.SlabInterior.Assign(kFinishedInterior);
+  if (section.part == HousePart::SecondFloor) house.SecondFloorType = 2;
+  if (HasPart(house, section.part)) {
+    BeginSection(run, section.heading, section.column);
+    section.rows(run);
+  }
+  EndSection(run, section.heading);
+}
+
 /// One section on a plan: all waste factors are 0 until a test sets them, the price list is empty.
 struct SectionRun {
   EstimateRecord plan;
@@ -57,8 +69,8 @@ struct SectionRun {
   explicit SectionRun(const EstimateRecord& estimate, int mask = kAllSections, std::vector<PriceItem> items = {}, bool withPrices = true)
       : plan(estimate), waste{}, prices(std::move(items)), run(plan, waste, lists, withPrices ? &prices : nullptr, mask, page) {}
 
-  Texts Print(Section section) {
-    section(run);
+  Texts Print(std::string_view heading) {
+    PrintRows(run, *FindSection(heading));
     return Rows();
   }
 
