@@ -48,6 +48,8 @@ const Colours kDark{.band = kBand,
                     .quietText = QColor(0xA9, 0xB4, 0xC2),
                     .warning = QColor(0xFF, 0x9A, 0x8F)};
 
+const Colours& ColoursOf(Look look) { return look == Look::Dark ? kDark : kLight; }
+
 struct Grounds {
   QColor window;
   QColor base;
@@ -60,12 +62,6 @@ const Grounds kLightGrounds{QColor(0xF1, 0xF3, 0xF6), QColor(0xFF, 0xFF, 0xFF), 
                             QColor(0xE8, 0xEB, 0xEF), QColor(0x7B, 0x86, 0x94), QColor(0x1D, 0x5F, 0xB8)};
 const Grounds kDarkGrounds{QColor(0x1E, 0x22, 0x29), QColor(0x16, 0x19, 0x1F), QColor(0x2F, 0x35, 0x40),
                            QColor(0x24, 0x29, 0x31), QColor(0x7F, 0x8A, 0x98), QColor(0x2F, 0x6F, 0xC4)};
-
-// Set once at the start; a control asks for it while it paints.
-Look& CurrentLook() {
-  static Look look = Look::Light;
-  return look;
-}
 
 QPalette PaletteOf(const Colours& colours, const Grounds& grounds) {
   QPalette palette(grounds.button, grounds.window);
@@ -88,7 +84,7 @@ QPalette PaletteOf(const Colours& colours, const Grounds& grounds) {
   return palette;
 }
 
-QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
+QString StyleSheetOf(Look look, const Colours& colours, const Grounds& grounds) {
   QString sheet = QStringLiteral(R"(
     QLineEdit, QTextBrowser, QComboBox, QSpinBox, QPlainTextEdit, QTreeWidget, QListWidget {
       border: 1px solid @edge; border-radius: 4px; padding: 3px 6px; background: @base; color: @text;
@@ -159,7 +155,7 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
   const int dot = 2 * std::max(2, rim * 2 / 3);
   const std::pair<const char*, int> sizes[] = {{"@side", dot + 2 * rim - 2}, {"@radius", dot / 2 + rim}, {"@dot", dot}, {"@rim", rim}};
   for (const auto& [name, size] : sizes) sheet.replace(QLatin1String(name), QString::number(size));
-  sheet.replace(QStringLiteral("@look"), CurrentLook() == Look::Dark ? QStringLiteral("dark") : QStringLiteral("light"));
+  sheet.replace(QStringLiteral("@look"), look == Look::Dark ? QStringLiteral("dark") : QStringLiteral("light"));
   // The longer name first, where one begins with the other.
   for (auto at = colourOf.rbegin(); at != colourOf.rend(); ++at) sheet.replace(at->first, at->second.name());
   return sheet;
@@ -167,22 +163,21 @@ QString StyleSheetOf(const Colours& colours, const Grounds& grounds) {
 
 }  // namespace
 
-Look SystemLook() {
+Look LookInUse() {
   const QPalette palette = QGuiApplication::palette();
   return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness() ? Look::Dark : Look::Light;
 }
 
 void ApplyLook(QApplication& app, Look look) {
   AnnounceResources();
-  CurrentLook() = look;
   const Grounds& grounds = look == Look::Dark ? kDarkGrounds : kLightGrounds;
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-  QApplication::setPalette(PaletteOf(ColoursOfLook(), grounds));
-  app.setStyleSheet(StyleSheetOf(ColoursOfLook(), grounds));
+  QApplication::setPalette(PaletteOf(ColoursOf(look), grounds));
+  app.setStyleSheet(StyleSheetOf(look, ColoursOf(look), grounds));
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/norvale.svg")));
 }
 
-const Colours& ColoursOfLook() { return CurrentLook() == Look::Dark ? kDark : kLight; }
+const Colours& ColoursOfLook() { return ColoursOf(LookInUse()); }
 
 void MakeTitle(QLabel* label) {
   QFont font = QApplication::font();

@@ -13,8 +13,8 @@ namespace norvale {
 
 enum class Look { Light, Dark };
 
-/// The look that goes with the system's colours.
-Look SystemLook();
+/// The look that goes with the application's palette: the system's until `ApplyLook` has dressed the program.
+Look LookInUse();
 
 /// Dresses the program. Call once, before the first form is made.
 void ApplyLook(QApplication& app, Look look);

@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("norvale"));
   QApplication::setApplicationDisplayName(QString());
   QApplication::setQuitOnLastWindowClosed(false);  // forms come and go before the menu is there
-  ApplyLook(app, SystemLook());
+  ApplyLook(app, LookInUse());
   ScreenMessages messages;
   FormKeys keys;
 
