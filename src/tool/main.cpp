@@ -44,6 +44,7 @@ int Fail(std::string_view reason) {
 int Run(std::vector<std::string> words) {
   CommandContext context;
   CLI::App app("The estimates and data files of a Norvale working folder, from the command line.", "norvale-tool");
+  app.set_version_flag("--version", "norvale-tool " NORVALE_VERSION);
   app.allow_windows_style_options(false);  // the same words on every system
   app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::Throw);
   const auto setFolder = [&context](const std::string& folder) {
@@ -66,6 +67,9 @@ int Run(std::vector<std::string> words) {
     app.parse(std::move(words));
   } catch (const CLI::CallForHelp&) {
     std::fputs(app.help().c_str(), stdout);
+    return kDone;
+  } catch (const CLI::CallForVersion& version) {
+    std::puts(version.what());
     return kDone;
   } catch (const CLI::ParseError& error) {
     std::fprintf(stderr, "norvale-tool: %s\n%s", error.what(), app.help().c_str());
