@@ -68,14 +68,13 @@ struct Measures {
 };
 
 Measures MeasuresOf(const RoofPlane& section) {
-  constexpr double kInchesInFoot = 12;
   constexpr double kUsualRun = 12;
   constexpr double kUsualRunsInLength = 2;
   const double sides = section.SectionType == kShedSection ? 1 : 2;
-  Measures measures{.length = section.SectionLength / kInchesInFoot / sides,
-                    .run = section.RafterRun / kInchesInFoot,
-                    .loadWall = section.LoadWallRun / kInchesInFoot,
-                    .pitch = (section.PitchIndex + 3) / 12.0,
+  Measures measures{.length = LengthOf(section) / sides,
+                    .run = RunOf(section),
+                    .loadWall = LoadWallRunOf(section),
+                    .pitch = RiseInFoot(section) / 12.0,
                     .hasLength = section.SectionLength > 0,
                     .hasRun = section.RafterRun > 0};
   if (!measures.hasRun) measures.run = measures.hasLength ? measures.length / kUsualRunsInLength : kUsualRun;
@@ -327,11 +326,10 @@ void RoofView::Show(const std::optional<RoofPlane>& section, const QStringList& 
   if (section == section_ && notes == notes_) return;
   section_ = section;
   notes_ = notes;
-  setAccessibleDescription(section
-                               ? tr("%1, length %2, run %3, pitch %4 in 12. %5")
-                                     .arg(Shown(CaptionOfRoofType(section->SectionType)), Feet(section->SectionLength),
-                                          Feet(section->RafterRun), QString::number(section->PitchIndex + 3), notes.join(QLatin1Char(' ')))
-                               : QString());
+  setAccessibleDescription(section ? tr("%1, length %2, run %3, pitch %4 in 12. %5")
+                                         .arg(Shown(CaptionOfRoofType(section->SectionType)), Feet(section->SectionLength),
+                                              Feet(section->RafterRun), QString::number(RiseInFoot(*section)), notes.join(QLatin1Char(' ')))
+                                   : QString());
   update();
 }
 
@@ -401,7 +399,7 @@ void RoofView::paintEvent(QPaintEvent* /*event*/) {
   if (isWallInside)
     drafter.DrawAcross({{0, 0, 0}, {measures.loadWall, 0, 0}}, wallDown, tr("Load wall %1").arg(Feet(section_->LoadWallRun)));
   drafter.DrawAlong(shape.length, length);
-  DrawPitch(painter, area, section_->PitchIndex + 3);
+  DrawPitch(painter, area, RiseInFoot(*section_));
 }
 
 }  // namespace norvale

@@ -10,7 +10,6 @@ namespace norvale {
 
 namespace {
 
-constexpr int kInchesInFoot = 12;
 constexpr std::string_view kMissingRun = "0 Missing Lft of Rafter Run|";
 constexpr std::string_view kMissingLength = "0 Missing Lft of Section!|";
 constexpr std::string_view kUnreadable = "0 Type a length as 12-6 (feet and inches), 12.5 (feet) or 12 (feet)!|";
@@ -34,8 +33,6 @@ RoofLength Measured(double inches) {
   if (RoundEven(inches) > kLargestEntry) return Refused(kEntryTooLarge);
   return {.inches = static_cast<int>(RoundEven(inches)), .message = ""};
 }
-
-bool IsInUse(const RoofPlane& section) { return section.SectionType >= kGableSection && section.SectionType <= kShedSection; }
 
 RoofPlane& Current(RoofForm& form) { return form.RoofPlanes[static_cast<std::size_t>(form.CurrentSection) - 1]; }
 
@@ -106,29 +103,24 @@ RoofLength ReadLength(std::string_view text) {
     const std::string_view inches = Trim(typed.substr(dash + 1));
     if (!IsPlainNumber(feet) || inches.size() > kMostInchDigits) return Refused(kUnreadable);
     if (!inches.empty() && !IsPlainNumber(inches)) return Refused(kUnreadable);
-    return Measured(Val(feet) * kInchesInFoot + Val(inches));
+    return Measured(Val(feet) * kInchesPerFoot + Val(inches));
   }
-  if (IsPlainNumber(typed)) return Measured(Val(typed) * kInchesInFoot);
+  if (IsPlainNumber(typed)) return Measured(Val(typed) * kInchesPerFoot);
   // No number anywhere: the same as an empty box. With one, something that was typed would be lost.
   return std::ranges::any_of(typed, IsDigit) ? Refused(kUnreadable) : RoofLength{};
 }
 
 std::string ShownLength(int inches) {
   if (inches <= 0) return {};
-  std::string text = FormatNumber(static_cast<double>(inches) / kInchesInFoot, {.wholeDigits = 0, .decimals = 2});
+  std::string text = FormatNumber(inches / kInchesPerFoot, {.wholeDigits = 0, .decimals = 2});
   while (text.back() == '0') text.pop_back();
   // The point stays: it says that what follows it are parts of a foot.
   return text;
 }
 
-std::string LengthReading(int inches) { return Digits(inches / kInchesInFoot) + " ft " + Digits(inches % kInchesInFoot) + " in"; }
-
-double SectionArea(const RoofPlane& section) {
-  const double run = section.RafterRun / 12.0;
-  const double rise = ((section.PitchIndex + 3) / 12.0) * run;
-  const double sum = rise * rise + run * run;
-  const double slope = Sqr(sum * 1.0075);
-  return (section.SectionLength / 12.0) * slope;
+std::string LengthReading(int inches) {
+  constexpr int kFoot = 12;
+  return Digits(inches / kFoot) + " ft " + Digits(inches % kFoot) + " in";
 }
 
 double TotalArea(const std::array<RoofPlane, kRoofPlanes>& sections) {
@@ -139,28 +131,20 @@ double TotalArea(const std::array<RoofPlane, kRoofPlanes>& sections) {
 }
 
 std::vector<std::string> SectionNotes(const RoofPlane& section) {
-  // The estimate knows no longer stock; what is as long as this or longer, it leaves out.
-  constexpr double kLongestRafter = 60;
-  constexpr double kLongestHip = 68;
-  constexpr double kLap = 1;  // each of two pieces is that much longer
-  const double run = section.RafterRun / 12.0;
-  const double loadWall = section.LoadWallRun / 12.0;
-  const double pitch = (section.PitchIndex + 3) / 12.0;
+  const double run = RunOf(section);
+  const double loadWall = LoadWallRunOf(section);
   const bool isShed = section.SectionType == kShedSection;
+  const bool isTwoPieces = HasTwoPieceRafters(section);
   const bool isHip = section.SectionType == kHipSection;
-  const auto slope = [pitch](double level) { return Sqr(level * level + level * pitch * (level * pitch)); };
   std::vector<std::string> notes;
   const auto tell = [&notes](const char* what, double feet) {
     notes.push_back(std::string(what) + " of " + Digits(Int(feet)) + " ft is longer than any stock: the estimate does not list it.");
   };
-  const bool isTwoPieces = loadWall > 0 && !isShed;
-  const double longest = isTwoPieces ? std::max(slope(run - loadWall), slope(loadWall)) + kLap : slope(run);
+  const double longest = isTwoPieces ? std::max(RafterLength(section, run - loadWall), RafterLength(section, loadWall)) + kRafterLap
+                                     : RafterLength(section, run);
   if (longest >= kLongestRafter) tell("A rafter", longest);
-  if (section.SectionType >= kGableWithValley && !isShed) {
-    const double level = Sqr(2 * run * run);
-    const double hip = Sqr(level * level + run * pitch * (run * pitch));
-    if (hip >= kLongestHip) tell(isHip ? "A hip rafter" : "A valley rafter", hip);
-  }
+  if (HipsAndValleys(section) > 0 && HipLength(section) >= kLongestHip)
+    tell(isHip ? "A hip rafter" : "A valley rafter", HipLength(section));
   if (isHip && section.SectionLength > 0 && section.SectionLength < 2 * section.RafterRun)
     notes.emplace_back("Shorter than twice its run: this hip has no ridge, and takes from that of the other sections.");
   if (loadWall > 0 && isShed) notes.emplace_back("The rafters of a shed are of one piece: its load bearing wall does not count.");
@@ -169,6 +153,7 @@ std::vector<std::string> SectionNotes(const RoofPlane& section) {
 }
 
 std::string SpeciesNote(std::size_t species, const std::vector<std::string>& grades) {
+  if (species >= kRafterSpecies.size()) return "The rafters are of a species that no list holds: the estimate does not list them.";
   const std::string listed = species < grades.size() ? ToUtf8(Trim(grades[species])) : std::string();
   if (grades.empty() || listed == kRafterSpecies[species]) return {};
   return "The list of framing grades was changed: rafters of " + std::string(kRafterSpecies[species]) + " are printed as " +

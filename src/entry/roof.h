@@ -10,24 +10,13 @@
 #include <string_view>
 #include <vector>
 
-#include "data/estimate_record.h"
+#include "data/roof_section.h"
 #include "entry/form_fields.h"
 
 namespace norvale {
 
-/// The types of a section, as they are stored.
-enum RoofType { kGableSection = 1, kGableWithValley, kHipSection, kHipWithValley, kShedSection };
-inline constexpr int kRoofTypes = 5;
-
 /// The caption of type `type` (1 to 5).
 std::string_view CaptionOfRoofType(int type);
-
-inline constexpr std::array<std::string_view, 10> kPitches = {"3 / 12", "4 / 12", "5 / 12",  "6 / 12",  "7 / 12",
-                                                              "8 / 12", "9 / 12", "10 / 12", "11 / 12", "12 / 12"};
-inline constexpr std::array<std::string_view, 4> kRafterSizes = {"2 x 6", "2 x 8", "2 x 10", "2 x 12"};
-
-/// The first rows of the list of framing grades, in its order: a rafter's species is stored as a row of that list.
-inline constexpr std::array<std::string_view, 4> kRafterSpecies = {"#2 SYP", "#2 SPF", "#2 HEM-FIR", "#2 DOUG FIR-LARCH"};
 
 // --- Lengths
 
@@ -47,11 +36,9 @@ std::string ShownLength(int inches);
 /// What stands beside the box: "12 ft 6 in".
 std::string LengthReading(int inches);
 
-// --- Areas, in square feet, unrounded
+// --- Areas
 
-double SectionArea(const RoofPlane& section);
-
-/// The sum over the sections that are in use.
+/// The square feet of all sections that have a type, unrounded.
 double TotalArea(const std::array<RoofPlane, kRoofPlanes>& sections);
 
 /// What the estimate leaves out of a section, or takes otherwise than it was typed: sentences to be seen while he types.

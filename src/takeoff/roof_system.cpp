@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "data/plan_type.h"
+#include "data/roof_section.h"
 #include "takeoff/joists.h"
 #include "takeoff/sections.h"
 
@@ -12,21 +13,18 @@ namespace norvale {
 
 namespace {
 
-constexpr std::size_t kGrades = 4;
-constexpr std::size_t kRafterSizes = 4;     // 2X6, 2X8, 2X10, 2X12
-constexpr std::size_t kHipLengths = 31;     // 8 to 68 feet
-constexpr std::size_t kRafterLengths = 27;  // 8 to 60 feet
-constexpr double kInchesPerFoot = 12;
+constexpr std::size_t kGrades = kRafterSpecies.size();
+constexpr std::size_t kSizes = kRafterSizes.size();
+constexpr std::size_t kHipLengths = (kLongestHip - kShortestStock) / kStockStep + 1;
+constexpr std::size_t kRafterLengths = (kLongestRafter - kShortestStock) / kStockStep + 1;
 
 // What the sections of a stick-framed roof come to. The cells hold whole numbers.
 struct RoofTables {
-  std::array<double, kRafterSizes> RidgeFeet{};
-  std::array<std::array<std::array<double, kHipLengths>, kRafterSizes>, kGrades> HipValleyCount{};
-  std::array<std::array<std::array<double, kRafterLengths>, kRafterSizes>, kGrades> RafterCount{};
+  std::array<double, kSizes> RidgeFeet{};
+  std::array<std::array<std::array<double, kHipLengths>, kSizes>, kGrades> HipValleyCount{};
+  std::array<std::array<std::array<double, kRafterLengths>, kSizes>, kGrades> RafterCount{};
   double BraceFeet = 0;
 };
-
-enum SectionKind : std::uint8_t { kGable = 1, kGableWithValley = 2, kHip = 3, kHipWithValley = 4, kShed = 5 };
 
 // The first stock length, 8 + 2k feet, that is strictly longer than the piece; none where the table ends before.
 // `over` is the piece's length less 8 feet.
@@ -34,26 +32,24 @@ template <std::size_t Lengths>
 double* CellFor(std::array<double, Lengths>& cells, double over) {
   for (double& cell : cells) {
     if (over < 0) return &cell;
-    over -= 2;
+    over -= kStockStep;
   }
   return nullptr;
 }
 
 void AddRafters(RoofTables& tables, const RoofPlane& plane, double run, double allowance) {
-  const double Len = plane.SectionLength / kInchesPerFoot;
-  const double Pitch = plane.PitchIndex + 3;
-  const double Rise = run * Pitch / 12;
-  const double X = Sqr(run * run + Rise * Rise) - 8 + allowance;
-  if (double* const cell = CellFor(tables.RafterCount[plane.FramingType][plane.RafterIndex], X)) *cell = RoundEven(Rnd(Len * 0.82) + *cell);
+  const double X = RafterLength(plane, run) - kShortestStock + allowance;
+  double* const cell = CellFor(tables.RafterCount[plane.FramingType][plane.RafterIndex], X);
+  if (cell != nullptr) *cell = RoundEven(Rnd(LengthOf(plane) * 0.82) + *cell);
 }
 
 void AddRidgeAndBracing(RoofTables& tables, const RoofPlane& plane) {
-  const double Len = plane.SectionLength / kInchesPerFoot;
-  const double Run = plane.RafterRun / kInchesPerFoot;
+  const double Len = LengthOf(plane);
+  const double Run = RunOf(plane);
   double& ridge = tables.RidgeFeet[plane.RafterIndex];
   double Half = 0;
   switch (plane.SectionType) {
-    case kGable:
+    case kGableSection:
       ridge = RoundEven(Len * 0.5 + ridge);
       Half = RoundEven(Len * 0.5);
       break;
@@ -61,7 +57,7 @@ void AddRidgeAndBracing(RoofTables& tables, const RoofPlane& plane) {
       ridge = RoundEven((Len + Run) * 0.5 + ridge);
       Half = RoundEven(Len * 0.5);
       break;
-    case kHip:
+    case kHipSection:
       ridge = RoundEven(Len * 0.5 - Run + ridge);
       Half = RoundEven(Len * 0.5 - Run);
       break;
@@ -74,35 +70,24 @@ void AddRidgeAndBracing(RoofTables& tables, const RoofPlane& plane) {
 }
 
 void AddHipsAndValleys(RoofTables& tables, const RoofPlane& plane) {
-  const double Run = plane.RafterRun / kInchesPerFoot;
-  const double Pitch = plane.PitchIndex + 3;
-  const double Rise = Run * Pitch / 12;
-  const double Plan = Sqr(Run * Run + Run * Run);
-  const double X = Sqr(Plan * Plan + Rise * Rise) - 8;
-  if (double* const cell = CellFor(tables.HipValleyCount[plane.FramingType][plane.RafterIndex], X))
-    *cell += plane.SectionType == kGableWithValley ? 1 : 2;
+  double* const cell = CellFor(tables.HipValleyCount[plane.FramingType][plane.RafterIndex], HipLength(plane) - kShortestStock);
+  if (cell != nullptr) *cell += HipsAndValleys(plane);
 }
 
 RoofTables SumUp(const EstimateRecord& plan) {
   RoofTables tables;
   for (const RoofPlane& plane : plan.RoofPlanes) {
-    if (plane.SectionType < kGable || plane.SectionType > kShed) continue;
-    if (plane.FramingType >= kGrades || plane.RafterIndex >= kRafterSizes) continue;
-    const double Run = plane.RafterRun / kInchesPerFoot;
-    const double Load = plane.LoadWallRun / kInchesPerFoot;
-    if (plane.SectionType == kShed) {
-      AddRafters(tables, plane, Run, 0);
-      continue;
-    }
-    AddRidgeAndBracing(tables, plane);
-    if (Load > 0) {
-      // Two pieces that lap at the load-bearing wall, each a foot longer.
-      AddRafters(tables, plane, Run - Load, 1);
-      AddRafters(tables, plane, Load, 1);
+    if (!IsInUse(plane) || !HasKnownStock(plane)) continue;
+    const double Run = RunOf(plane);
+    const double Load = LoadWallRunOf(plane);
+    if (plane.SectionType != kShedSection) AddRidgeAndBracing(tables, plane);
+    if (HasTwoPieceRafters(plane)) {
+      AddRafters(tables, plane, Run - Load, kRafterLap);
+      AddRafters(tables, plane, Load, kRafterLap);
     } else {
       AddRafters(tables, plane, Run, 0);
     }
-    if (plane.SectionType != kGable) AddHipsAndValleys(tables, plane);
+    if (HipsAndValleys(plane) > 0) AddHipsAndValleys(tables, plane);
   }
   return tables;
 }
@@ -124,8 +109,7 @@ struct Stock {
 void GableSheathing(TakeoffRun& run, const Stock& stock) {
   const EstimateRecord& plan = run.plan;
   if (plan.GableSqFt <= 0) return;
-  constexpr int kBrickOrBit256 = 768;
-  if ((plan.PlanType & kBrickOrBit256) == 0 && plan.WallFinishIndex < 4)
+  if ((plan.PlanType & kFixedWallFinish) == 0 && plan.WallFinishIndex < 4)
     Emit(run, {.quantity = Rnd(plan.GableSqFt * 1.1 / 32), .unit = "pcs.", .description = "4X8- 1/2 REG. INS. BD.", .label = "(Gable Sheathing)", .priceKey = "4X8- 1/2 REGULAR"});
   else
     Emit(run, {.quantity = Rnd(plan.GableSqFt * 1.1 / 32), .unit = "pcs.", .description = "4X8-" + stock.wallSheathing, .label = "(Gable Sheathing)", .item = 41});
@@ -151,16 +135,16 @@ bool CeilingJoists(TakeoffRun& run, const Stock& stock) {
 // Ridges, hips and valleys are one size above their rafters.
 void StickFraming(TakeoffRun& run, const Stock& stock, const RoofTables& tables) {
   const auto number = [](std::size_t n) { return std::to_string(n); };
-  for (std::size_t s = 0; s < kRafterSizes; ++s)
+  for (std::size_t s = 0; s < kSizes; ++s)
     if (tables.RidgeFeet[s] > 0)
       Emit(run, {.quantity = Rnd(tables.RidgeFeet[s] / 16), .unit = "pcs.", .description = "2X" + number(8 + 2 * s) + "- 16 " + stock.grade, .label = "(Ridge)", .item = 43});
   for (std::size_t g = 0; g < kGrades; ++g)
-    for (std::size_t s = 0; s < kRafterSizes; ++s)
+    for (std::size_t s = 0; s < kSizes; ++s)
       for (std::size_t k = 0; k < kHipLengths; ++k)
         if (tables.HipValleyCount[g][s][k] > 0)
           Emit(run, {.quantity = tables.HipValleyCount[g][s][k], .unit = "pcs.", .description = "2X" + number(8 + 2 * s) + "- " + number(8 + 2 * k) + " " + ListRowText(run.lists, 0, static_cast<int>(g)), .label = "(Hip/Valley Rafter)", .item = 44});
   for (std::size_t g = 0; g < kGrades; ++g)
-    for (std::size_t s = 0; s < kRafterSizes; ++s)
+    for (std::size_t s = 0; s < kSizes; ++s)
       for (std::size_t k = 0; k < kRafterLengths; ++k)
         if (tables.RafterCount[g][s][k] > 0)
           Emit(run, {.quantity = tables.RafterCount[g][s][k], .unit = "pcs.", .description = "2X" + number(6 + 2 * s) + "- " + number(8 + 2 * k) + " " + ListRowText(run.lists, 0, static_cast<int>(g)), .label = "(Rafter)", .item = 45});
